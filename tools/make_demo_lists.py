@@ -12,6 +12,8 @@ Usage: make_demo_lists.py [sample folder]   (default: data/demo of this reposito
 import sys
 from pathlib import Path
 
+sys.dont_write_bytecode = True  # keep tools/ free of __pycache__
+
 from make_demo_pairing import main as make_pairing_indexes
 from make_demo_pairing import pairing_key, write_lines
 
