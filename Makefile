@@ -1,0 +1,53 @@
+# The two commands a newcomer needs: `make run` and `make test`. Both set up what is missing.
+
+BUILD ?= build
+JOBS ?= $(shell nproc 2>/dev/null || echo 2)
+
+# Debian packages the build, the tests and a real window need.
+PACKAGES := cmake ninja-build g++ pkg-config qt6-base-dev libqt6opengl6-dev libgl1-mesa-dev \
+	libsdl2-dev libsdl2-mixer-dev libssl-dev openssl libzip-dev libgtest-dev libbenchmark-dev \
+	ffmpeg clang-format fonts-dejavu-core fonts-liberation
+
+.PHONY: all setup configure build run test bench lint format clean
+
+all: build
+
+setup:
+	@missing=""; \
+	for p in $(PACKAGES); do \
+		dpkg-query -W -f='$${Status}' $$p 2>/dev/null | grep -q "install ok installed" || missing="$$missing $$p"; \
+	done; \
+	if [ -n "$$missing" ]; then \
+		if [ "$$(id -u)" = "0" ]; then \
+			echo "Installing:$$missing"; \
+			apt-get update -qq && DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $$missing; \
+		else \
+			echo "Quorvane needs these Debian packages. Please run:"; \
+			echo "  sudo apt-get install -y$$missing"; \
+			exit 1; \
+		fi; \
+	fi
+
+configure: setup
+	@test -f $(BUILD)/build.ninja || cmake -S . -B $(BUILD) -G Ninja -DCMAKE_EXPORT_COMPILE_COMMANDS=ON
+
+build: configure
+	cmake --build $(BUILD) -j $(JOBS)
+
+run: build
+	./$(BUILD)/quorvane-demo
+
+test: build
+	cd $(BUILD) && QT_QPA_PLATFORM=offscreen SDL_AUDIODRIVER=dummy ctest --output-on-failure -j $(JOBS)
+
+bench: build
+	QT_QPA_PLATFORM=offscreen SDL_AUDIODRIVER=dummy ./$(BUILD)/quorvane_bench
+
+lint:
+	@git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run --Werror
+
+format:
+	@git ls-files '*.cpp' '*.h' | xargs clang-format -i
+
+clean:
+	rm -rf $(BUILD)

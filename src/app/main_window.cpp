@@ -1,0 +1,310 @@
+#include "app/main_window.h"
+
+#include "app/handler_guard.h"
+#include "app/list_box.h"
+#include "app/prompts.h"
+#include "app/session.h"
+#include "app/texts.h"
+#include "app/user_name.h"
+#include "sound/sound_error_text.h"
+#include "sound/sound_library.h"
+#include "store/word_files.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace quorvane {
+
+namespace {
+
+constexpr int kSmallListPoints = 8;
+constexpr int kLargeListPoints = 10;
+constexpr int kMixRate = 22050;
+constexpr int kMixChannels = 64;
+
+const QString kSansSerif = QStringLiteral("MS Sans Serif");
+const QString kArial = QStringLiteral("Arial");
+
+QFont controlFont(const QString& family, int points = kSmallListPoints)
+{
+    QFont font(family);
+    font.setPointSize(points);
+    return font;
+}
+
+QLabel* makeLabel(const QString& name, const QString& caption, QWidget* parent)
+{
+    auto* label = new QLabel(caption, parent);
+    label->setObjectName(name);
+    label->setFont(controlFont(kSansSerif));
+    return label;
+}
+
+QPushButton* makeButton(const QString& name, const QString& caption, const QString& family, QWidget* parent)
+{
+    auto* button = new QPushButton(caption, parent);
+    button->setObjectName(name);
+    button->setFont(controlFont(family));
+    return button;
+}
+
+} // namespace
+
+MainWindow::MainWindow(Prompts& prompts, SoundLibrary& sound, Clock& clock, QWidget* parent)
+    : QMainWindow(parent), m_session(std::make_unique<Session>(prompts, sound, clock))
+{
+    setObjectName(QStringLiteral("qvmain"));
+    setWindowTitle(main_texts::windowTitle());
+    // The design's fonts, drawn with metric-compatible fonts where they are not installed.
+    QFont::insertSubstitutions(kArial, {QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans")});
+    QFont::insertSubstitutions(kSansSerif, {QStringLiteral("DejaVu Sans"), QStringLiteral("Liberation Sans")});
+    setFont(controlFont(kArial));
+    buildControls();
+    buildMenus();
+    wireHandlers();
+    m_session->showSoundCaption = [this](const QString& caption) { Label6->setText(caption); };
+    m_session->displayWords = [this] { display_words(); };
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::buildControls()
+{
+    auto* central = new QWidget(this);
+    setCentralWidget(central);
+
+    lang_list = new ListBox(QStringLiteral("lang_list"), central);
+    lists_list = new ListBox(QStringLiteral("lists_list"), central);
+    known_lists = new ListBox(QStringLiteral("known_lists"), central);
+    words_list = new ListBox(QStringLiteral("words_list"), central);
+    words_liste = new ListBox(QStringLiteral("words_liste"), central);
+    for (ListBox* box : {lang_list, lists_list, known_lists, words_list, words_liste})
+        box->setFont(controlFont(kSansSerif));
+
+    txt_word_search = new QLineEdit(central);
+    txt_word_search->setObjectName(QStringLiteral("txt_word_search"));
+    txt_word_search2 = new QLineEdit(central);
+    txt_word_search2->setObjectName(QStringLiteral("txt_word_search2"));
+    for (QLineEdit* box : {txt_word_search, txt_word_search2})
+        box->setFont(controlFont(kSansSerif));
+
+    Label9 = makeLabel(QStringLiteral("Label9"), QStringLiteral("<--- Search"), central);
+    Label8 = makeLabel(QStringLiteral("Label8"), QString(), central);
+    Label1 = makeLabel(QStringLiteral("Label1"), QStringLiteral("Click A Language"), central);
+    Label3 = makeLabel(QStringLiteral("Label3"), QStringLiteral("Click Unknown List"), central);
+    Label2 = makeLabel(QStringLiteral("Label2"), QStringLiteral("Known Lists"), central);
+    Label4 = makeLabel(QStringLiteral("Label4"),
+                       QStringLiteral("Double-click a word to move it from your unknown to your known list, or "
+                                      "vice versa."),
+                       central);
+    Label5 = makeLabel(QStringLiteral("Label5"), main_texts::moreWordsLine(), central);
+    Label6 = makeLabel(QStringLiteral("Label6"), QString(), central);
+    Label4->setWordWrap(true);
+    for (QLabel* heading : {Label1, Label3, Label2})
+        heading->setStyleSheet(QStringLiteral("font-weight: bold"));
+
+    flash_cards = makeButton(QStringLiteral("flash_cards"), QStringLiteral("Large Flash Cards and MP3"), kSansSerif,
+                             central);
+    small_flash = makeButton(QStringLiteral("small_flash"), QStringLiteral("Small Flash Card (Stays On Top)"), kArial,
+                             central);
+    test_me = makeButton(QStringLiteral("test_me"), QStringLiteral("Start Student Test"), kArial, central);
+    show_test_results =
+        makeButton(QStringLiteral("show_test_results"), QStringLiteral("Show Test Results"), kArial, central);
+    print_list = makeButton(QStringLiteral("print_list"), QStringLiteral("Show Selected Word List"), kArial, central);
+    record_word_word = makeButton(QStringLiteral("record_word_word"), QStringLiteral("Record and Edit Selected Word"),
+                                  kSansSerif, central);
+    record_word_list = makeButton(QStringLiteral("record_word_list"), QStringLiteral("Record and Edit Selected List"),
+                                  kSansSerif, central);
+    new_language = makeButton(QStringLiteral("new_language"), QStringLiteral("Add new language"), kSansSerif, central);
+    add_list = makeButton(QStringLiteral("add_list"), QStringLiteral("Add new word list"), kSansSerif, central);
+    toggle_font = makeButton(QStringLiteral("toggle_font"), QStringLiteral("Increase Font"), kArial, central);
+    play_paragraph = makeButton(QStringLiteral("play_paragraph"),
+                                QStringLiteral("Play a paragraph of words, highlighting each word"), kSansSerif, central);
+    paly_syllables = makeButton(QStringLiteral("paly_syllables"),
+                                QStringLiteral("Play each syllable in selected word, highlighting each letter"),
+                                kSansSerif, central);
+    exit_program = makeButton(QStringLiteral("exit_program"), QStringLiteral("Exit Program"), kSansSerif, central);
+    // The two placeholders have no behaviour; they are kept out of sight.
+    play_paragraph->hide();
+    paly_syllables->hide();
+
+    // Left: languages and lists. Middle: the words. Right: what to do with them.
+    auto* left = new QVBoxLayout;
+    left->addWidget(Label1);
+    left->addWidget(lang_list, 2);
+    left->addWidget(Label3);
+    left->addWidget(lists_list, 4);
+    left->addWidget(Label2);
+    left->addWidget(known_lists, 3);
+
+    auto* search = new QHBoxLayout;
+    search->addWidget(txt_word_search, 1);
+    search->addWidget(txt_word_search2, 1);
+    search->addWidget(Label9);
+    auto* boxes = new QHBoxLayout;
+    boxes->addWidget(words_list, 1);
+    boxes->addWidget(words_liste, 1);
+    auto* captions = new QHBoxLayout;
+    captions->addWidget(Label8);
+    captions->addStretch(1);
+    captions->addWidget(Label6);
+    auto* middle = new QVBoxLayout;
+    middle->addLayout(search);
+    middle->addLayout(captions);
+    middle->addLayout(boxes, 1);
+    middle->addWidget(Label4);
+
+    auto* right = new QVBoxLayout;
+    for (QPushButton* button : {flash_cards, small_flash, test_me, show_test_results, print_list, record_word_word,
+                                record_word_list, new_language, add_list, toggle_font, play_paragraph,
+                                paly_syllables}) {
+        button->setMinimumHeight(30);
+        right->addWidget(button);
+    }
+    right->addStretch(1);
+    right->addWidget(exit_program);
+
+    auto* columns = new QHBoxLayout;
+    columns->addLayout(left, 2);
+    columns->addLayout(middle, 5);
+    columns->addLayout(right, 2);
+    auto* page = new QVBoxLayout(central);
+    page->addLayout(columns, 1);
+    page->addWidget(Label5);
+
+    // Searching makes sense once a language is chosen.
+    txt_word_search->hide();
+    txt_word_search2->hide();
+    Label9->hide();
+    resize(1000, 640);
+}
+
+void MainWindow::buildMenus()
+{
+    auto addMenu = [this](const QString& name, const QString& caption) {
+        QMenu* menu = menuBar()->addMenu(caption);
+        menu->setObjectName(name);
+        return menu;
+    };
+    auto addItem = [this](QMenu* menu, const QString& name, const QString& caption) {
+        QAction* action = menu->addAction(caption);
+        action->setObjectName(name);
+        action->setParent(this);
+        return action;
+    };
+    QMenu* file = addMenu(QStringLiteral("File"), QStringLiteral("&File"));
+    Exit = addItem(file, QStringLiteral("Exit"), QStringLiteral("E&xit"));
+    QMenu* instructions = addMenu(QStringLiteral("Instructions1"), QStringLiteral("&Instructions"));
+    Instructions2 = addItem(instructions, QStringLiteral("Instructions2"), QStringLiteral("Instructions"));
+    QMenu* help = addMenu(QStringLiteral("Help1"), QStringLiteral("&Help"));
+    Help2 = addItem(help, QStringLiteral("Help2"), QStringLiteral("Hel&p"));
+    Troubleshooting = addItem(help, QStringLiteral("Troubleshooting"), QStringLiteral("&Troubleshooting"));
+    About1 = addItem(help, QStringLiteral("About1"), QStringLiteral("&About"));
+}
+
+void MainWindow::wireHandlers()
+{
+    lang_list->onClick = [this] { lang_list_click(); };
+    lists_list->onClick = [this] { lists_list_click(); };
+    known_lists->onClick = [this] { known_lists_click(); };
+    known_lists->onDoubleClick = [this] { known_lists_dblclick(); };
+    words_list->onClick = [this] { words_list_click(); };
+    words_liste->onClick = [this] { words_liste_click(); };
+    words_list->onDoubleClick = [this] { words_list_dblclick(); };
+    connect(flash_cards, &QPushButton::clicked, this, &MainWindow::flash_cards_click);
+    connect(small_flash, &QPushButton::clicked, this, &MainWindow::small_flash_click);
+    connect(toggle_font, &QPushButton::clicked, this, &MainWindow::toggle_font_click);
+    connect(exit_program, &QPushButton::clicked, this, &MainWindow::exit_program_click);
+    connect(Exit, &QAction::triggered, this, &MainWindow::Exit_click);
+    connect(Instructions2, &QAction::triggered, this, &MainWindow::Instructions2_click);
+    connect(Help2, &QAction::triggered, this, &MainWindow::Help2_click);
+    connect(Troubleshooting, &QAction::triggered, this, &MainWindow::Troubleshooting_click);
+    connect(About1, &QAction::triggered, this, &MainWindow::About1_click);
+    // Parts of the program still to come: their buttons are shown but cannot be pressed yet.
+    for (QPushButton* button : {test_me, show_test_results, print_list, record_word_word, record_word_list,
+                                new_language, add_list}) {
+        button->setEnabled(false);
+        button->setToolTip(main_texts::notYetAvailable());
+    }
+}
+
+void MainWindow::guarded(const std::function<void()>& handler)
+{
+    runHandler(m_session->prompts, handler);
+}
+
+void MainWindow::form_load()
+{
+    guarded([this] {
+        Session& s = *m_session;
+        if (!s.sound.available()) {
+            s.prompts.message(main_texts::soundLibraryMissing());
+            return;
+        }
+        s.sound_ok = s.sound.init(kMixRate, kMixChannels, 0);
+        if (!s.sound_ok)
+            s.prompts.message(main_texts::soundStartFailed(sound_error_text(s.sound.getError())));
+        ask_user_name(s);
+        s.languages_folder = QDir::currentPath() + QDir::separator() + "languages" + QDir::separator();
+        lang_list->clear();
+        lang_list->addItems(scan_folder(s.languages_folder));
+        words_list->clear();
+        words_liste->clear();
+        select_row(lang_list, 0);
+    });
+}
+
+void MainWindow::toggle_font_click()
+{
+    const bool increase = toggle_font->text() == QStringLiteral("Increase Font");
+    for (ListBox* box : {lists_list, words_list, words_liste}) {
+        QFont font = box->font();
+        font.setPointSize(increase ? kLargeListPoints : kSmallListPoints);
+        box->setFont(font);
+    }
+    toggle_font->setText(increase ? QStringLiteral("Decrease Font") : QStringLiteral("Increase Font"));
+}
+
+void MainWindow::exit_program_click()
+{
+    Exit_click();
+}
+
+void MainWindow::Exit_click()
+{
+    // Ends every running drill or wait, closes every window and the sound library, and leaves.
+    m_session->stop_flag = QStringLiteral("yes");
+    m_session->sound.close();
+    QApplication::closeAllWindows();
+    hide();
+    QCoreApplication::exit(0);
+}
+
+void MainWindow::Instructions2_click()
+{
+    m_session->prompts.message(main_texts::instructions(), main_texts::instructionsTitle());
+}
+
+void MainWindow::Help2_click()
+{
+    m_session->prompts.message(main_texts::help(), main_texts::helpTitle());
+}
+
+void MainWindow::Troubleshooting_click()
+{
+    m_session->prompts.message(main_texts::troubleshooting(), main_texts::troubleshootingTitle());
+}
+
+void MainWindow::About1_click()
+{
+    m_session->prompts.message(main_texts::about(), main_texts::aboutTitle());
+}
+
+} // namespace quorvane

@@ -1,0 +1,107 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+
+#include <memory>
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QAction;
+
+namespace quorvane {
+
+class Session;
+class Prompts;
+class SoundLibrary;
+class Clock;
+class ListBox;
+
+// The main window, qvmain: languages, lists and words, and the buttons that open every other
+// window. It owns the session. Controls carry their documented names as objectName; handlers
+// are public slots named after the control and the event, so tests can run any of them.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    // The services are not owned: the caller keeps them alive as long as the window.
+    MainWindow(Prompts& prompts, SoundLibrary& sound, Clock& clock, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    Session& session() { return *m_session; }
+
+    // Refills words_list and words_liste from the word arrays; entries without a sound number
+    // stay in the arrays but are not shown.
+    void display_words();
+    // Refills known_lists from the student's known files of the current language.
+    void refresh_known_list();
+
+    ListBox* lang_list;
+    ListBox* lists_list;
+    ListBox* known_lists;
+    ListBox* words_list;
+    ListBox* words_liste;
+    QLineEdit* txt_word_search;
+    QLineEdit* txt_word_search2;
+    QLabel* Label1;
+    QLabel* Label2;
+    QLabel* Label3;
+    QLabel* Label4;
+    QLabel* Label5;
+    QLabel* Label6;
+    QLabel* Label8;
+    QLabel* Label9;
+    QPushButton* flash_cards;
+    QPushButton* small_flash;
+    QPushButton* test_me;
+    QPushButton* show_test_results;
+    QPushButton* print_list;
+    QPushButton* record_word_word;
+    QPushButton* record_word_list;
+    QPushButton* new_language;
+    QPushButton* add_list;
+    QPushButton* toggle_font;
+    QPushButton* play_paragraph;
+    QPushButton* paly_syllables;
+    QPushButton* exit_program;
+    QAction* Exit;
+    QAction* Instructions2;
+    QAction* Help2;
+    QAction* Troubleshooting;
+    QAction* About1;
+
+public slots:
+    void form_load();
+    void lang_list_click();
+    void lists_list_click();
+    void known_lists_click();
+    void known_lists_dblclick();
+    void words_list_click();
+    void words_liste_click();
+    void words_list_dblclick();
+    void flash_cards_click();
+    void small_flash_click();
+    void toggle_font_click();
+    void exit_program_click();
+    void Exit_click();
+    void Instructions2_click();
+    void Help2_click();
+    void Troubleshooting_click();
+    void About1_click();
+
+private:
+    void buildControls();
+    void buildMenus();
+    void wireHandlers();
+    // Shows a list (unknown or known) picked in lists_list or known_lists.
+    void showList(ListBox* box, bool known);
+    // Runs a handler so that no exception reaches the event loop.
+    void guarded(const std::function<void()>& handler);
+
+    std::unique_ptr<Session> m_session;
+    // "yes" while a click on a word makes the translation box follow, "no" the other way round.
+    QString m_syncFlag;
+};
+
+} // namespace quorvane

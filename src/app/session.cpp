@@ -1,0 +1,14 @@
+#include "app/session.h"
+
+#include "sound/sound_library.h"
+
+namespace quorvane {
+
+Session::Session(Prompts& prompts_, SoundLibrary& sound_, Clock& clock_)
+    : prompts(prompts_), sound(sound_), clock(clock_)
+{
+    target_sound_numbers.resize(kSoundNumberSlots);
+    sound.useClock(clock);
+}
+
+} // namespace quorvane

@@ -1,0 +1,145 @@
+#include "app/texts.h"
+
+#include "app/product.h"
+
+namespace quorvane::main_texts {
+
+namespace {
+QString web()
+{
+    return QString::fromLatin1(product::kWebAddress);
+}
+} // namespace
+
+QString windowTitle()
+{
+    return web();
+}
+
+QString moreWordsLine()
+{
+    return QStringLiteral("More words, phrases and languages can be obtained at %1").arg(web());
+}
+
+QString soundLibraryMissing()
+{
+    return QStringLiteral("Error! The sound library (SDL2) was not found. All the files are not in the right folders.");
+}
+
+QString soundStartFailed(const QString& errorText)
+{
+    return QStringLiteral("An error occured. Please turn off other programs that may be using sound and start "
+                          "this program again. The specific error message is:") +
+           QStringLiteral("\r\n") + errorText;
+}
+
+QString namePrompt()
+{
+    return QStringLiteral(
+        "What is your first name?  This is for the program to remember which words you have learned.");
+}
+
+QString nameTitle()
+{
+    return QStringLiteral("Student Name");
+}
+
+QString instructionsTitle()
+{
+    return QStringLiteral("Instructions");
+}
+
+QString instructions()
+{
+    return QStringLiteral(
+        "First select a language to learn by clicking on its name at the top left. Lists of words for that "
+        "language will then appear.  Click on one of the lists to see the words on that list. Click on a word to "
+        "hear it. Click on 'flash cards' to randomnly play words on the selected list.  You can double-click on "
+        "a word to move it from the 'unknown' list to the 'known' list. The program remembers which words you "
+        "have marked as 'known' for the next time you run the program. You can review the words you've marked "
+        "as 'known' and double-click on them to move them back onto the 'unknown' list. ");
+}
+
+QString helpTitle()
+{
+    return QStringLiteral("Help");
+}
+
+QString help()
+{
+    return QStringLiteral("For general instructions on how to use the program, click on Instructions.") +
+           QStringLiteral("  Additional words, phrases and languages can be had at %1.").arg(web()) +
+           QStringLiteral("  For further help, contact %1 by e-mail at %2 or by telephone at %3.")
+               .arg(QString::fromLatin1(product::kMaintainerName), QString::fromLatin1(product::kMaintainerEmail),
+                    QString::fromLatin1(product::kMaintainerTelephone));
+}
+
+QString troubleshootingTitle()
+{
+    return QStringLiteral("Troubleshooting");
+}
+
+QString troubleshooting()
+{
+    const QString cr = QStringLiteral("\r");
+    const QString tab = QStringLiteral("\t");
+    return QStringLiteral("See the Help section if this information does not solve the problem.  ") +
+           QStringLiteral("The program depends on the sound files and word lists ") +
+           QStringLiteral("to be in a certain location relative to the quorvane.exe program.  The following files "
+                          "have to be in ") +
+           QStringLiteral("the indicated sub-folders relative to the quorvane.exe program. ") + cr + cr +
+           QStringLiteral("quorvane.exe") + tab + QStringLiteral("in 'quorvane' folder") + cr +
+           QStringLiteral("fmod.dll") + cr + QStringLiteral("mp3 and wav sound files") + tab +
+           QStringLiteral("example: quorvane\\languages\\spanish\\01\\01436.mp3") + cr +
+           QStringLiteral("text files of word lists") + tab +
+           QStringLiteral("example: quorvane\\languages\\spanish\\most_common_words.txt") + cr +
+           QStringLiteral("the users known word lists") + tab +
+           QStringLiteral("example: quorvane\\users\\kestrin\\spanish\\most_common_words-u.txt");
+}
+
+QString aboutTitle()
+{
+    return QStringLiteral("About ") + web() + QStringLiteral(" Vocabulary Tutor");
+}
+
+QString about()
+{
+    return QStringLiteral("%1 Vocabulary Tutor, version %2, released %3.  Newer versions may be found at %4.  "
+                          "This program is free for personal use and may be distributed freely.  For the terms "
+                          "under which contributors may record and ")
+               .arg(QString::fromLatin1(product::kName), QString::fromLatin1(product::kVersion),
+                    QString::fromLatin1(product::kReleaseDate), web()) +
+           QStringLiteral("edit words and phrases, see also the license on the 'Record and Edit' form.");
+}
+
+QString unknownWordsCaption(int count)
+{
+    return QString::number(count) + QStringLiteral(" Unknown Words");
+}
+
+QString knownWordsCaption(int count)
+{
+    return QString::number(count) + QStringLiteral(" Known Words");
+}
+
+QString wordsCaption(int count)
+{
+    return QString::number(count) + QStringLiteral(" Words");
+}
+
+QString fileNumberCaption(const QString& soundNumber)
+{
+    return QStringLiteral("File # ") + soundNumber;
+}
+
+QString unexpectedError(const QString& what)
+{
+    return QStringLiteral("Something went wrong: %1").arg(what);
+}
+
+QString notYetAvailable()
+{
+    return QStringLiteral("This part of Quorvane is not available in this version yet.");
+}
+
+} // namespace quorvane::main_texts
