@@ -4,5 +4,6 @@ namespace quorvane {
 
 void MainWindow::flash_cards_click() {}
 void MainWindow::small_flash_click() {}
+void MainWindow::known_lists_dblclick() {}
 
 } // namespace quorvane

@@ -13,7 +13,6 @@ void MainWindow::lang_list_click()
 
 void MainWindow::lists_list_click() {}
 void MainWindow::known_lists_click() {}
-void MainWindow::known_lists_dblclick() {}
 void MainWindow::words_list_click() {}
 void MainWindow::words_liste_click() {}
 void MainWindow::words_list_dblclick() {}
