@@ -99,10 +99,8 @@ def main() -> int:
 
     spanish = sample / "languages" / "spanish"
     english = sample / "languages" / "english"
-    for folder in (spanish, english):
-        folder.mkdir(parents=True, exist_ok=True)
-        for old in folder.glob("*.txt"):
-            old.unlink()
+    spanish.mkdir(parents=True, exist_ok=True)
+    english.mkdir(parents=True, exist_ok=True)
 
     write_lines(spanish / "master_spanish.txt", list(spanish_line.values()))
     write_lines(spanish / "trans_spanish.dat", ["english"])
@@ -114,6 +112,14 @@ def main() -> int:
     for name in ENGLISH_LISTS:
         keys = dict.fromkeys(pairing_key(spanish_line[word].split("|")[1]) for word in lists[name])
         write_lines(english / f"{name}.txt", [english_line[key] for key in keys])
+
+    # Lists no longer in the table go.
+    written = {spanish / "master_spanish.txt", english / "master_english.txt"}
+    written.update(spanish / f"{name}.txt" for name in lists)
+    written.update(english / f"{name}.txt" for name in ENGLISH_LISTS)
+    for old in [*spanish.glob("*.txt"), *english.glob("*.txt")]:
+        if old not in written:
+            old.unlink()
 
     print(f"spanish: {len(spanish_line)} entries, {len(lists)} lists; english: {len(english_line)} entries")
     sys.argv[1:] = [str(sample)]

@@ -12,6 +12,7 @@ exactly gives the target number. Lines without a match write nothing.
 
 Usage: make_demo_pairing.py [sample folder]   (default: data/demo of this repository)
 """
+import os
 import re
 import sys
 from pathlib import Path
@@ -41,7 +42,13 @@ def read_lines(path: Path) -> list[str]:
 
 
 def write_lines(path: Path, lines: list[str]) -> None:
-    path.write_bytes("".join(line + "\r\n" for line in lines).encode("cp1252"))
+    """Writes Windows-1252, CR LF; an unchanged file is left alone, a changed one replaced in one step."""
+    data = "".join(line + "\r\n" for line in lines).encode("cp1252")
+    if path.is_file() and path.read_bytes() == data:
+        return
+    scratch = path.with_name(path.name + ".new")
+    scratch.write_bytes(data)
+    os.replace(scratch, path)
 
 
 def pairing_key(translation: str) -> str:
