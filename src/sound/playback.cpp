@@ -1,0 +1,122 @@
+#include "sound/playback.h"
+
+#include "app/clock.h"
+#include "app/prompts.h"
+#include "app/session.h"
+#include "sound/sound_error_text.h"
+#include "sound/sound_files.h"
+#include "sound/sound_library.h"
+#include "sound/texts.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace quorvane {
+
+namespace {
+
+constexpr float kMissingFileWait = 1.0f;
+constexpr float kShortPauseWait = 0.8f;
+constexpr float kEndPollWait = 0.01f;
+// Below this speed the end of a sound is not awaited, so the next word may overlap it.
+constexpr float kAwaitEndSpeed = 1.5f;
+
+const QString kYes = QStringLiteral("yes");
+
+bool endsWith3(const QString& path, const char* last)
+{
+    return path.right(3) == QLatin1String(last);
+}
+
+// Waits for the end of the sound on channel, then the speed pause; a stop ends both at once.
+void awaitEndOfSound(Session& session)
+{
+    while (session.sound.isPlaying(session.sound_channel)) {
+        wait_seconds(session, kEndPollWait);
+        if (session.stop_flag == kYes)
+            return;
+    }
+    wait_seconds(session, session.speed);
+}
+
+void playAndWait(Session& session, QString& path)
+{
+    if (session.recording_active == kYes)
+        return;
+    if (!QFileInfo::exists(path)) {
+        wait_seconds(session, kMissingFileWait);
+        wait_seconds(session, session.speed);
+        return;
+    }
+    if (endsWith3(path, "str")) {
+        if (!session.record_window_playing)
+            return;
+        path = str_to_wav(path);
+    }
+
+    // Failures are shown and playing goes on regardless: the pause after the word still happens.
+    const int sample = session.sound.sampleLoad(kFreeIndex, path, kPlaybackSampleMode, 0, 0);
+    if (sample == 0)
+        session.prompts.message(sound_texts::openFailed(sound_error_text(session.sound.getError())));
+    session.sound_channel = session.sound.playSound(kFreeIndex, sample);
+    if (session.sound_channel == 0)
+        session.prompts.message(sound_texts::playFailed(sound_error_text(session.sound.getError())));
+
+    if (kAwaitEndSpeed > session.speed) {
+        wait_seconds(session, kShortPauseWait);
+        wait_seconds(session, session.speed);
+    } else {
+        awaitEndOfSound(session);
+    }
+}
+
+} // namespace
+
+void say_word(Session& session, const QString& soundNumber, const QString& language)
+{
+    if (soundNumber.isEmpty())
+        return;
+    ChosenSound chosen = choose_sound_file(session, soundNumber, language);
+    if (session.showSoundCaption)
+        session.showSoundCaption(sound_texts::fileNumberCaption(soundNumber));
+    // MP3 capture takes released recordings only; a new recording chosen meanwhile is played.
+    if (session.mp3_words_left >= 1 && chosen.extension == QLatin1String(".mp3")) {
+        append_file(chosen.path, sound_texts::mp3OutputFile());
+        for (int i = 0; i < session.silence_count; ++i)
+            append_file(sound_texts::silenceFile(), sound_texts::mp3OutputFile());
+        return;
+    }
+    play_sound_file(session, chosen.path);
+}
+
+void play_sound_file(Session& session, QString& path)
+{
+    playAndWait(session, path);
+    // Whatever happened, a WAV file is the temporary copy of a new recording: it goes.
+    if (endsWith3(path, "wav"))
+        QFile::remove(path);
+}
+
+void wait_seconds(Session& session, float seconds)
+{
+    // Kept: a wait across midnight is not corrected; it lasts until the timer passes the end again
+    // or a flag ends it.
+    const double end = session.clock.timer() + static_cast<double>(seconds);
+    while (session.clock.timer() < end && session.stop_flag != kYes && session.skip_flag != kYes)
+        session.clock.processEvents();
+}
+
+void append_file(const QString& source, const QString& target)
+{
+    QFile in(source);
+    if (!in.open(QIODevice::ReadOnly))
+        return;
+    const QByteArray bytes = in.readAll();
+    in.close();
+    QFile out(target);
+    if (!out.open(QIODevice::WriteOnly | QIODevice::Append))
+        return;
+    out.write(bytes + QByteArrayLiteral("\r\n"));
+}
+
+} // namespace quorvane

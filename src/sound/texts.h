@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+// The fixed texts of the sound services.
+namespace quorvane::sound_texts {
+
+// The caption of the main window's sound label while a sound number is said.
+QString fileNumberCaption(const QString& soundNumber);
+// A sample that could not be loaded or played, with the library's explanation of its error.
+QString openFailed(const QString& errorText);
+QString playFailed(const QString& errorText);
+
+// The fixed files of MP3 capture, in the program folder.
+QString mp3OutputFile();
+QString silenceFile();
+
+} // namespace quorvane::sound_texts
