@@ -2,22 +2,227 @@
 
 #include "app/list_box.h"
 #include "app/session.h"
+#include "app/texts.h"
+#include "sound/playback.h"
+#include "sound/word_moves.h"
+#include "store/basic.h"
+#include "store/text_files.h"
+#include "store/word_files.h"
+
+#include <QApplication>
+#include <QColor>
+#include <QDir>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPalette>
 
 namespace quorvane {
 
-void MainWindow::lang_list_click()
+namespace {
+
+// The colours of the design are given as Windows BGR values (0x00BBGGRR).
+QColor fromBgr(unsigned bgr)
 {
-    if (QListWidgetItem* item = lang_list->currentItem())
-        m_session->current_language = item->text();
+    return QColor(int(bgr & 0xFF), int((bgr >> 8) & 0xFF), int((bgr >> 16) & 0xFF));
 }
 
-void MainWindow::lists_list_click() {}
-void MainWindow::known_lists_click() {}
-void MainWindow::words_list_click() {}
-void MainWindow::words_liste_click() {}
-void MainWindow::words_list_dblclick() {}
-void MainWindow::display_words() {}
-void MainWindow::refresh_known_list() {}
-void MainWindow::showList(ListBox*, bool) {}
+constexpr unsigned kUnknownWordsBgr = 0x600000;
+constexpr unsigned kKnownLabelBgr = 0xC00000;
+constexpr unsigned kKnownWordsBgr = 0xA00000;
+
+// A double-click selects this many rows further first, so that the word stays in view with the
+// words after it.
+constexpr int kRowsShownAfter = 17;
+
+const QString kYes = QStringLiteral("yes");
+const QString kNo = QStringLiteral("no");
+const QString kKnownSuffix = QStringLiteral("-k.txt");
+const QString kListSuffix = QStringLiteral(".txt");
+
+QString selectedText(const ListBox* box)
+{
+    const QListWidgetItem* item = box->currentItem();
+    return item ? item->text() : QString();
+}
+
+void setTextColour(QWidget* widget, QPalette::ColorRole role, const QColor& colour)
+{
+    QPalette palette = widget->palette();
+    palette.setColor(role, colour);
+    widget->setPalette(palette);
+}
+
+// Fills a box in one call with painting held back: a list of tens of thousands of words fills
+// in milliseconds instead of laying out every item as it arrives.
+void fillBox(ListBox* box, const QStringList& texts)
+{
+    box->setUpdatesEnabled(false);
+    box->setUniformItemSizes(true);
+    box->clear();
+    box->addItems(texts);
+    box->setUpdatesEnabled(true);
+}
+
+} // namespace
+
+void MainWindow::lang_list_click()
+{
+    guarded([this] {
+        Session& s = *m_session;
+        const QString separator = QDir::separator();
+        s.shown_file.clear();
+        for (ListBox* box : {words_list, words_liste, lists_list, known_lists})
+            box->clear();
+        txt_word_search->setVisible(true);
+        txt_word_search2->setVisible(true);
+        Label9->setVisible(true);
+        s.current_language = selectedText(lang_list);
+
+        const QString language = s.current_language;
+        if (!QFileInfo(s.user_folder + language).isDir())
+            QDir().mkpath(s.user_folder + language);
+
+        QStringList lists = scan_and_sweep(s.languages_folder + language + separator, kListSuffix);
+        lists.removeAll(QStringLiteral("master_") + language);
+        lists_list->addItems(lists);
+        refresh_known_list();
+
+        const QString languageFolder = s.languages_folder + language + separator;
+        s.master_file = languageFolder + "master_" + language + ".txt";
+        s.trans_file = languageFolder + "trans_" + language + ".dat";
+        // Without a trans file the previous language's target, paths and pairings stay in force.
+        if (!QFileInfo::exists(s.trans_file))
+            return;
+        s.target_language = readFirstLine(s.trans_file);
+        s.target_master_file =
+            s.languages_folder + s.target_language + separator + "master_" + s.target_language + ".txt";
+        s.trans_index_file = languageFolder + "trans_index_" + language + "_" + s.target_language + ".dat";
+        if (QFileInfo::exists(s.trans_index_file))
+            load_trans_index(s.trans_index_file, s.target_sound_numbers);
+    });
+}
+
+void MainWindow::refresh_known_list()
+{
+    const Session& s = *m_session;
+    known_lists->clear();
+    known_lists->addItems(scan_and_sweep(s.user_folder + s.current_language + QDir::separator(), kKnownSuffix));
+}
+
+void MainWindow::lists_list_click()
+{
+    guarded([this] { showList(lists_list, false); });
+}
+
+void MainWindow::known_lists_click()
+{
+    guarded([this] { showList(known_lists, true); });
+}
+
+void MainWindow::showList(ListBox* box, bool known)
+{
+    Session& s = *m_session;
+    s.current_list = selectedText(box);
+    words_list->clear();
+    words_liste->clear();
+    // Opening a known list makes the list's unknown file too when it is missing.
+    generate_unknowns_file(s);
+    s.shown_file = known ? s.known_file : s.unknown_file;
+    create_array_of_words(s, s.shown_file);
+    display_words();
+
+    const int count = s.wordCount();
+    Label8->setText(known ? main_texts::knownWordsCaption(count) : main_texts::unknownWordsCaption(count));
+    const QColor labelColour =
+        known ? fromBgr(kKnownLabelBgr) : QApplication::palette(Label8).color(QPalette::ButtonText);
+    setTextColour(Label8, QPalette::WindowText, labelColour);
+    const QColor wordsColour = fromBgr(known ? kKnownWordsBgr : kUnknownWordsBgr);
+    setTextColour(words_list, QPalette::Text, wordsColour);
+    setTextColour(words_liste, QPalette::Text, wordsColour);
+}
+
+void MainWindow::display_words()
+{
+    const Session& s = *m_session;
+    QStringList shownWords;
+    QStringList shownTranslations;
+    shownWords.reserve(s.words.size());
+    shownTranslations.reserve(s.words.size());
+    // Entries without a sound number stay in the arrays but get no row, so every later row is
+    // one less than its index in the arrays; the handlers use rows as indexes all the same.
+    for (qsizetype i = 0; i < s.words.size(); ++i) {
+        if (!s.sound_numbers.at(i).isEmpty()) {
+            shownWords.append(s.words.at(i));
+            shownTranslations.append(s.translations.at(i));
+        }
+    }
+    fillBox(words_list, shownWords);
+    fillBox(words_liste, shownTranslations);
+}
+
+void MainWindow::words_list_click()
+{
+    guarded([this] {
+        // "yes": this selection was made by a click on the translation, which says it itself.
+        if (m_syncFlag == kYes)
+            return;
+        const int row = words_list->currentRow();
+        m_syncFlag = kNo;
+        select_row(words_liste, row);
+        m_syncFlag.clear();
+        Session& s = *m_session;
+        say_word(s, s.sound_numbers.value(row), s.current_language);
+    });
+}
+
+void MainWindow::words_liste_click()
+{
+    guarded([this] {
+        // "no": this selection was made by a click on the word, which says it itself.
+        if (m_syncFlag == kNo)
+            return;
+        const int row = words_liste->currentRow();
+        m_syncFlag = kYes;
+        select_row(words_list, row);
+        m_syncFlag.clear();
+        Session& s = *m_session;
+        // A sound number that is no whole number, or past the pairing table, has no translation
+        // recording.
+        const auto number = basic::toLong(s.sound_numbers.value(row));
+        if (!number || *number < 0 || *number >= kSoundNumberSlots)
+            return;
+        say_word(s, s.target_sound_numbers.at(*number), s.target_language);
+    });
+}
+
+void MainWindow::words_list_dblclick()
+{
+    guarded([this] {
+        Session& s = *m_session;
+        const int row = words_list->currentRow();
+        if (s.shown_file.endsWith(kKnownSuffix))
+            move_to_unknown(s, row);
+        else
+            move_to_known(s, row);
+        // A known file just made is listed now, one just emptied is removed.
+        refresh_known_list();
+        create_array_of_words(s, s.shown_file);
+
+        // Selecting rows from code runs the word click, which says nothing while the recording
+        // flag is "yes". Selecting further down first keeps the rows after the word in view; a
+        // row past the end selects nothing.
+        s.recording_active = kYes;
+        select_row(words_list, row + kRowsShownAfter);
+        select_row(words_list, row);
+        // Kept as designed: the flag is left at "on", which counts as not set.
+        s.recording_active = QStringLiteral("on");
+        // The word click has already put the translation box on the same row; selecting it again
+        // would say the translation, so only a box that differs is moved.
+        if (words_liste->currentRow() != words_list->currentRow())
+            select_row(words_liste, words_list->currentRow());
+        Label8->setText(main_texts::wordsCaption(s.wordCount()));
+    });
+}
 
 } // namespace quorvane
