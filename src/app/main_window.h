@@ -17,6 +17,8 @@ class Prompts;
 class SoundLibrary;
 class Clock;
 class ListBox;
+class FlashWindow;
+class SmallFlashWindow;
 
 // The main window, qvmain: languages, lists and words, and the buttons that open every other
 // window. It owns the session. Controls carry their documented names as objectName; handlers
@@ -99,7 +101,13 @@ private:
     // Runs a handler so that no exception reaches the event loop.
     void guarded(const std::function<void()>& handler);
 
+    // The flash-card windows, made when first needed and again after each closing.
+    FlashWindow* flashWindow();
+    SmallFlashWindow* smallFlashWindow();
+
     std::unique_ptr<Session> m_session;
+    QPointer<FlashWindow> m_flashWindow;
+    QPointer<SmallFlashWindow> m_smallFlashWindow;
     // "yes" while a click on a word makes the translation box follow, "no" the other way round.
     QString m_syncFlag;
 };

@@ -1,0 +1,260 @@
+#include "flash/card_loop.h"
+
+#include "app/clock.h"
+#include "app/prompts.h"
+#include "app/session.h"
+#include "app/texts.h"
+#include "flash/texts.h"
+#include "sound/playback.h"
+#include "sound/texts.h"
+#include "sound/word_moves.h"
+#include "store/basic.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <stdexcept>
+
+namespace quorvane {
+
+namespace {
+
+const QString kYes = QStringLiteral("yes");
+const QString kNo = QStringLiteral("no");
+const QString kInterlace = QStringLiteral("interlace");
+
+constexpr int kLargePoints = 48;
+constexpr int kMediumPoints = 24;
+constexpr int kSmallPoints = 12;
+constexpr int kShortText = 20;
+constexpr int kLongText = 76;
+// From this many words up a card never follows itself.
+constexpr int kNoRepeatCount = 11;
+constexpr qint16 kMostDelay = 99;
+constexpr double kSilencePiece = 0.2;
+// Consecutive missing recordings after which the small card gives up.
+constexpr qint16 kMostMissingSounds = 7;
+constexpr float kTranslationWait = 0.01f;
+
+struct Rules
+{
+    float defaultSpeed;
+    qint16 defaultRepeats;
+    QString defaultSayMode;
+    float playWait;
+    bool large;
+};
+
+Rules rulesFor(CardStyle kind)
+{
+    if (kind == CardStyle::large)
+        return {0.8f, 4, kNo, 0.001f, true};
+    return {0.2f, 3, kYes, 0.01f, false};
+}
+
+// One run of the card loop, with the two counters that belong to the run alone.
+class CardRun
+{
+public:
+    CardRun(Session& session, CardView& view, QObject* viewObject, CardStyle kind)
+        : m_session(session), m_view(view), m_guard(viewObject), m_rules(rulesFor(kind))
+    {
+    }
+
+    void run()
+    {
+        m_view.showWindow();
+        normalise();
+        bool drawFirst = true;
+        if (m_session.replay_flag == kYes) {
+            m_session.replay_flag = kNo;
+            drawFirst = false;
+        }
+        int count = m_session.wordCount();
+        for (;;) {
+            if (drawFirst) {
+                if (!m_rules.large && m_session.missing_sound_count > kMostMissingSounds) {
+                    m_session.prompts.message(flash_texts::notEnoughSounds());
+                    return;
+                }
+                m_session.skip_flag.clear();
+                count = m_session.wordCount();
+                // A list of one word plays nothing; an empty list has nothing to draw from.
+                if (count <= 1)
+                    return;
+                draw_card(m_session, count);
+            }
+            drawFirst = true;
+            if (playCard(count) == Step::end)
+                return;
+        }
+    }
+
+private:
+    enum class Step { go, nextCard, end };
+
+    void normalise()
+    {
+        Session& s = m_session;
+        if (m_rules.large) {
+            if (s.delay_top < 1 || s.delay_top > kMostDelay)
+                s.delay_top = 0;
+            if (s.delay_bottom < 1 || s.delay_bottom > kMostDelay)
+                s.delay_bottom = 0;
+        }
+        if (s.speed == 0.0f)
+            s.speed = m_rules.defaultSpeed;
+        if (m_rules.large) {
+            // A speed too long for a 16-bit count of silence pieces leaves the count as it was.
+            if (const auto pieces = basic::toInteger(basic::roundHalfEven(double(s.speed) / kSilencePiece)))
+                s.silence_count = *pieces;
+        }
+        if (s.repeat_count == 0)
+            s.repeat_count = m_rules.defaultRepeats;
+        if (s.say_mode.isEmpty())
+            s.say_mode = m_rules.defaultSayMode;
+        s.stop_flag = kNo;
+        s.skip_flag.clear();
+    }
+
+    bool gone() const { return !m_guard || m_view.unloaded(); }
+
+    // The checks made after every wait and every sound.
+    Step check() const
+    {
+        if (gone() || m_session.stop_flag == kYes)
+            return Step::end;
+        if (m_session.skip_flag == kYes)
+            return Step::nextCard;
+        return Step::go;
+    }
+
+    static Step afterCard(Step step) { return step == Step::end ? Step::end : Step::nextCard; }
+
+    QString currentSoundNumber() const { return m_session.sound_numbers.value(m_session.current_index); }
+
+    void sayTranslation()
+    {
+        say_word(m_session, translation_sound_number(m_session, currentSoundNumber()), m_session.target_language);
+    }
+
+    Step playCard(int count)
+    {
+        Session& s = m_session;
+        if (gone())
+            return Step::end;
+        m_view.showWordsLeft(flash_texts::wordsRemain(count));
+        const QString word = s.words.value(s.current_index);
+        const QString translation = s.translations.value(s.current_index);
+        if (m_rules.large) {
+            m_view.showWordCount(main_texts::wordsCaption(s.wordCount()));
+            m_view.setCardPoints(card_points(word, translation));
+        }
+        m_view.showCard(word, translation);
+        if (m_rules.large && s.mp3_words_left > 0) {
+            // Counted down before the card's sounds: the last card asked for gets its beep while
+            // the count is already 0, so its sounds are heard rather than captured. Kept.
+            --s.mp3_words_left;
+            append_file(flash_texts::beepFile(), sound_texts::mp3OutputFile());
+            m_view.showMp3Progress(flash_texts::wordsAdded(m_wordsPlayed));
+        }
+        if (s.say_mode == kYes || (s.say_mode == kInterlace && s.interlace_count > 1)) {
+            wait_seconds(s, kTranslationWait);
+            if (const Step step = check(); step != Step::go)
+                return afterCard(step);
+            sayTranslation();
+        }
+        if (!m_rules.large)
+            wait_seconds(s, kTranslationWait);
+        int interlaceCounter = 0;
+        ++m_wordsPlayed;
+
+        // The bound is fixed here: a new repeat count applies from the next card.
+        const int plays = s.repeat_count;
+        for (int play = 1; play <= plays; ++play) {
+            if (gone())
+                return Step::end;
+            if (m_rules.large)
+                m_view.showTexts(play > s.delay_top, play > s.delay_bottom);
+            m_view.showPlay(flash_texts::playOf(play, s.repeat_count), flash_texts::speedShown(s.speed));
+            wait_seconds(s, m_rules.playWait);
+            if (const Step step = check(); step != Step::go)
+                return afterCard(step);
+            say_word(s, currentSoundNumber(), s.current_language);
+            if (const Step step = check(); step != Step::go)
+                return afterCard(step);
+            ++interlaceCounter;
+            if (play != s.repeat_count && s.say_mode == kInterlace && interlaceCounter == s.interlace_count) {
+                interlaceCounter = 0;
+                wait_seconds(s, m_rules.playWait);
+                sayTranslation();
+                if (const Step step = check(); step != Step::go)
+                    return afterCard(step);
+            }
+        }
+        return Step::nextCard;
+    }
+
+    Session& m_session;
+    CardView& m_view;
+    QPointer<QObject> m_guard;
+    const Rules m_rules;
+    // Words whose card has begun in this run.
+    int m_wordsPlayed = 0;
+};
+
+// Sets missing_sound_count to 0 when the run ends, by return or by exception.
+class MissingSoundReset
+{
+public:
+    explicit MissingSoundReset(Session& session) : m_session(session) {}
+    ~MissingSoundReset() { m_session.missing_sound_count = 0; }
+    MissingSoundReset(const MissingSoundReset&) = delete;
+    MissingSoundReset& operator=(const MissingSoundReset&) = delete;
+
+private:
+    Session& m_session;
+};
+
+} // namespace
+
+void play_cards(Session& session, CardView& view, QObject* viewObject, CardStyle kind)
+{
+    const MissingSoundReset reset(session);
+    CardRun(session, view, viewObject, kind).run();
+}
+
+int card_points(const QString& word, const QString& translation)
+{
+    if (word.size() >= kLongText || translation.size() >= kLongText)
+        return kSmallPoints;
+    if (word.size() < kShortText && translation.size() < kShortText)
+        return kLargePoints;
+    return kMediumPoints;
+}
+
+void draw_card(Session& session, int count)
+{
+    session.previous_index = session.current_index;
+    auto draw = [&] { return static_cast<qint16>(random_index(session, 0, count - 1)); };
+    qint16 index = draw();
+    // The generator is seeded from the timer at every call: the clock must move on between draws
+    // or the same index would come back for ever.
+    while (count >= kNoRepeatCount && index == session.previous_index) {
+        session.clock.processEvents();
+        index = draw();
+    }
+    session.current_index = index;
+}
+
+QString translation_sound_number(const Session& session, const QString& soundNumber)
+{
+    if (soundNumber.isEmpty())
+        return {};
+    const auto slot = basic::toLong(soundNumber);
+    if (!slot || *slot < 0 || *slot >= kSoundNumberSlots)
+        throw std::out_of_range(flash_texts::badSoundNumber(soundNumber).toLocal8Bit().toStdString());
+    return session.target_sound_numbers.value(*slot);
+}
+
+} // namespace quorvane

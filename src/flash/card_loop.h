@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QString>
+
+class QObject;
+
+namespace quorvane {
+
+class Session;
+
+// The two flash-card windows run the same card loop with their own defaults and waits: the large
+// one sizes its fonts, delays its texts, counts words into an MP3 file and updates the main
+// window's word count; the small one stops when recordings keep missing.
+enum class CardStyle { large, small };
+
+// What the card loop shows. Implemented by the flash-card windows. The loop calls it only between
+// two of its waits, and never again once unloaded() is true or the window is gone.
+class CardView
+{
+public:
+    virtual ~CardView() = default;
+    virtual void showWindow() = 0;
+    // True from the moment the window is closed; the loop then ends at its next check.
+    virtual bool unloaded() const = 0;
+    virtual void showWordsLeft(const QString& text) = 0;
+    virtual void showCard(const QString& word, const QString& translation) = 0;
+    virtual void showPlay(const QString& repeatText, const QString& speedText) = 0;
+    // Only the large window sizes its texts, hides them for the first plays, reports MP3
+    // progress and updates the main window's word count.
+    virtual void setCardPoints(int points) { (void)points; }
+    virtual void showTexts(bool top, bool bottom)
+    {
+        (void)top;
+        (void)bottom;
+    }
+    virtual void showMp3Progress(const QString& text) { (void)text; }
+    virtual void showWordCount(const QString& caption) { (void)caption; }
+};
+
+// Plays the shown words as flash cards until stop_flag is "yes", the window is unloaded or
+// destroyed (viewObject is watched for that), or the list has fewer than two words. Runs inside
+// the calling handler and yields only inside its waits and sounds, so other handlers run between
+// its steps and talk to it through the session's flags. missing_sound_count is 0 afterwards,
+// however the run ends.
+void play_cards(Session& session, CardView& view, QObject* viewObject, CardStyle kind);
+
+// The point size of a card's two texts: 48 when both are shorter than 20 characters, 24 when both
+// are shorter than 76, otherwise 12.
+int card_points(const QString& word, const QString& translation);
+
+// Draws the next card of a list of count words: previous_index takes current_index, and
+// current_index a random index of 0..count-1 that, from eleven words up, differs from the
+// previous one. The clock moves on between draws, since the generator follows the timer.
+void draw_card(Session& session, int count);
+
+// The translation language's sound number for a sound number of the current language; empty for
+// an empty sound number. Throws std::out_of_range for one that names no slot of the table.
+QString translation_sound_number(const Session& session, const QString& soundNumber);
+
+} // namespace quorvane

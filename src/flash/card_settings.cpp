@@ -1,0 +1,75 @@
+#include "flash/card_settings.h"
+
+#include "app/prompts.h"
+#include "app/session.h"
+#include "flash/texts.h"
+#include "store/basic.h"
+
+namespace quorvane {
+
+namespace {
+
+constexpr float kFastestSpeed = 0.01f;
+// The refusal message says 10; the bound is 11 all the same.
+constexpr float kSlowestSpeed = 11.0f;
+constexpr double kSilencePiece = 0.2;
+
+void askNumber(Session& session, const QString& prompt, qint16& setting)
+{
+    if (const auto value = basic::toInteger(session.prompts.input(prompt)))
+        setting = *value;
+}
+
+} // namespace
+
+void change_speed(Session& session, CardStyle kind)
+{
+    const bool large = kind == CardStyle::large;
+    const QString entry = session.prompts.input(
+        large ? flash_texts::largeSpeedPrompt() : flash_texts::smallSpeedPrompt(), flash_texts::speedTitle());
+    const auto speed = basic::toSingle(entry);
+    if (!speed)
+        return;
+    session.speed = *speed;
+    if (large) {
+        // A count of silence pieces beyond 16 bits leaves the count as it was.
+        if (const auto pieces = basic::toInteger(basic::roundHalfEven(double(*speed) / kSilencePiece)))
+            session.silence_count = *pieces;
+    }
+    if (session.speed < kFastestSpeed || session.speed > kSlowestSpeed) {
+        session.speed = large ? 0.2f : 0.1f;
+        session.prompts.message(large ? flash_texts::largeSpeedRefused() : flash_texts::smallSpeedRefused());
+    }
+}
+
+void ask_delay_top(Session& session)
+{
+    askNumber(session, flash_texts::delayTopPrompt(), session.delay_top);
+}
+
+void ask_delay_bottom(Session& session)
+{
+    askNumber(session, flash_texts::delayBottomPrompt(), session.delay_bottom);
+}
+
+void ask_interlace(Session& session, CardStyle kind)
+{
+    askNumber(session,
+              kind == CardStyle::large ? flash_texts::largeInterlacePrompt() : flash_texts::smallInterlacePrompt(),
+              session.interlace_count);
+    session.say_mode = QStringLiteral("interlace");
+}
+
+void choose_top_only(Session& session)
+{
+    session.prompts.message(flash_texts::topOnlyMessage());
+    session.say_mode = QStringLiteral("no");
+}
+
+void choose_both(Session& session)
+{
+    session.prompts.message(flash_texts::bothMessage());
+    session.say_mode = QStringLiteral("yes");
+}
+
+} // namespace quorvane

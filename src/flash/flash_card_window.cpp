@@ -1,0 +1,224 @@
+#include "flash/flash_card_window.h"
+
+#include "app/handler_guard.h"
+#include "app/main_window.h"
+#include "app/session.h"
+#include "app/start.h"
+#include "flash/card_settings.h"
+#include "flash/texts.h"
+#include "sound/word_moves.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+
+namespace quorvane {
+
+namespace {
+
+const QString kArial = QStringLiteral("Arial");
+const QString kYes = QStringLiteral("yes");
+
+} // namespace
+
+MainWindow* mainWindowOf(Session& session)
+{
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        auto* main = qobject_cast<MainWindow*>(widget);
+        if (main && &main->session() == &session)
+            return main;
+    }
+    return nullptr;
+}
+
+FlashCardWindow::FlashCardWindow(Session& session, CardStyle style, QWidget* parent)
+    : QWidget(parent, Qt::Window), m_session(session), m_style(style)
+{
+    attachSession(this, session);
+    setAttribute(Qt::WA_DeleteOnClose);
+    QFont font(kArial);
+    font.setPointSize(9);
+    setFont(font);
+
+    const bool large = style == CardStyle::large;
+    const int buttonPoints = large ? 10 : 8;
+    word_lbl = makeLabel(QStringLiteral("word_lbl"), large ? 48 : 16, true);
+    word_lbl2 = makeLabel(QStringLiteral("word_lbl2"), large ? 48 : 16, true);
+    for (QLabel* label : {word_lbl, word_lbl2}) {
+        label->setAlignment(Qt::AlignCenter);
+        label->setWordWrap(true);
+        // A text hidden for its first plays keeps its place, so the card does not jump.
+        QSizePolicy policy = label->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        label->setSizePolicy(policy);
+    }
+    word_lbl->setStyleSheet(QStringLiteral("color: #12306b;"));
+    word_lbl2->setStyleSheet(QStringLiteral("color: #7a1f1f;"));
+    num_lbl = makeLabel(QStringLiteral("num_lbl"), large ? 10 : 8);
+    repeat_lbl = makeLabel(QStringLiteral("repeat_lbl"), large ? 10 : 8);
+    speed_lbl = makeLabel(QStringLiteral("speed_lbl"), large ? 10 : 8);
+
+    change_repeat = makeButton(QStringLiteral("change_repeat"), flash_texts::repeatsCaption(), buttonPoints);
+    change_speed = makeButton(QStringLiteral("change_speed"), flash_texts::speedCaption(), buttonPoints);
+    interlace = makeButton(QStringLiteral("interlace"), flash_texts::interlaceCaption(), buttonPoints);
+    say_bottom = makeButton(QStringLiteral("say_bottom"),
+                            large ? flash_texts::topOnlyCaption() : flash_texts::smallTopOnlyCaption(), buttonPoints);
+    speak_both = makeButton(QStringLiteral("speak_both"), flash_texts::bothCaption(), buttonPoints);
+    i_know_this_word = makeButton(QStringLiteral("i_know_this_word"), flash_texts::knownCaption(), buttonPoints);
+    next_word = makeButton(QStringLiteral("next_word"), large ? flash_texts::skipCaption() : flash_texts::nextCaption(),
+                           buttonPoints);
+    pause = makeButton(QStringLiteral("pause"), flash_texts::pauseCaption(), buttonPoints);
+    resume = makeButton(QStringLiteral("resume"), flash_texts::resumeCaption(), buttonPoints);
+
+    connect(change_repeat, &QPushButton::clicked, this, &FlashCardWindow::change_repeat_click);
+    connect(change_speed, &QPushButton::clicked, this, &FlashCardWindow::change_speed_click);
+    connect(interlace, &QPushButton::clicked, this, &FlashCardWindow::interlace_click);
+    connect(say_bottom, &QPushButton::clicked, this, &FlashCardWindow::say_bottom_click);
+    connect(speak_both, &QPushButton::clicked, this, &FlashCardWindow::speak_both_click);
+    connect(i_know_this_word, &QPushButton::clicked, this, &FlashCardWindow::i_know_this_word_click);
+    connect(next_word, &QPushButton::clicked, this, &FlashCardWindow::next_word_click);
+    connect(pause, &QPushButton::clicked, this, &FlashCardWindow::pause_click);
+    connect(resume, &QPushButton::clicked, this, &FlashCardWindow::resume_click);
+}
+
+QPushButton* FlashCardWindow::makeButton(const QString& name, const QString& caption, int points)
+{
+    auto* button = new QPushButton(caption, this);
+    button->setObjectName(name);
+    QFont font(kArial);
+    font.setPointSize(points);
+    button->setFont(font);
+    button->setFocusPolicy(Qt::NoFocus);
+    return button;
+}
+
+QLabel* FlashCardWindow::makeLabel(const QString& name, int points, bool bold)
+{
+    auto* label = new QLabel(this);
+    label->setObjectName(name);
+    QFont font(kArial);
+    font.setPointSize(points);
+    font.setBold(bold);
+    label->setFont(font);
+    return label;
+}
+
+void FlashCardWindow::guarded(const std::function<void()>& handler)
+{
+    runHandler(m_session.prompts, handler);
+}
+
+void FlashCardWindow::showWindow()
+{
+    show();
+    raise();
+}
+
+void FlashCardWindow::showWordsLeft(const QString& text)
+{
+    num_lbl->setText(text);
+}
+
+void FlashCardWindow::showCard(const QString& word, const QString& translation)
+{
+    word_lbl->setText(word);
+    word_lbl2->setText(translation);
+}
+
+void FlashCardWindow::showPlay(const QString& repeatText, const QString& speedText)
+{
+    repeat_lbl->setText(repeatText);
+    speed_lbl->setText(speedText);
+}
+
+void FlashCardWindow::playwords()
+{
+    // The window may be deleted while the loop runs (closed, then its deferred deletion reached
+    // from a nested wait): the loop watches it, and nothing of this object is touched afterwards.
+    Session& session = m_session;
+    const CardStyle style = m_style;
+    runHandler(session.prompts, [&session, style, this] { play_cards(session, *this, this, style); });
+}
+
+void FlashCardWindow::replay()
+{
+    m_session.replay_flag = kYes;
+    m_session.current_index = m_session.previous_index;
+    playwords();
+}
+
+void FlashCardWindow::change_repeat_click()
+{
+    guarded([this] {
+        ask_repeat_count(m_session);
+        // The new count applies from the next card, so the card in play is skipped on purpose.
+        m_session.skip_flag = kYes;
+    });
+}
+
+void FlashCardWindow::change_speed_click()
+{
+    guarded([this] { quorvane::change_speed(m_session, m_style); });
+}
+
+void FlashCardWindow::interlace_click()
+{
+    guarded([this] { ask_interlace(m_session, m_style); });
+}
+
+void FlashCardWindow::say_bottom_click()
+{
+    guarded([this] { choose_top_only(m_session); });
+}
+
+void FlashCardWindow::speak_both_click()
+{
+    guarded([this] { choose_both(m_session); });
+}
+
+void FlashCardWindow::i_know_this_word_click()
+{
+    guarded([this] {
+        move_to_known(m_session, m_session.current_index);
+        if (MainWindow* main = mainWindowOf(m_session))
+            main->refresh_known_list();
+        m_session.skip_flag = kYes;
+    });
+}
+
+void FlashCardWindow::next_word_click()
+{
+    m_session.skip_flag = kYes;
+}
+
+void FlashCardWindow::pause_click()
+{
+    m_session.stop_flag = kYes;
+}
+
+void FlashCardWindow::resume_click()
+{
+    // While the cards play the flag is "no" and Resume does nothing; once paused it starts a run
+    // with a fresh draw.
+    if (m_session.stop_flag == kYes)
+        playwords();
+}
+
+void FlashCardWindow::form_unload()
+{
+    m_unloaded = true;
+    m_session.stop_flag = kYes;
+    if (MainWindow* main = mainWindowOf(m_session))
+        main->show();
+}
+
+void FlashCardWindow::closeEvent(QCloseEvent* event)
+{
+    if (!m_unloaded)
+        form_unload();
+    event->accept();
+}
+
+} // namespace quorvane

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "flash/card_loop.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class QLabel;
+class QPushButton;
+
+namespace quorvane {
+
+class MainWindow;
+class Session;
+
+// The main window that owns a session, or null when it is gone.
+MainWindow* mainWindowOf(Session& session);
+
+// What the large (qvplay) and the small (qvplay2) flash-card windows share: the card texts, the
+// counters, the buttons that change the shared settings, and the card loop itself, playwords().
+// The loop runs inside the handler that calls playwords() and yields only inside its waits, so
+// every other handler runs between two of its steps and only sets settings or flags.
+//
+// Closing the window (its frame, or Exit) hides it, sets stop_flag and shows the main window;
+// the window is deleted later, once the loop has unwound. Owned by its Qt parent, the main window.
+class FlashCardWindow : public QWidget, public CardView
+{
+    Q_OBJECT
+public:
+    FlashCardWindow(Session& session, CardStyle style, QWidget* parent);
+
+    QLabel* word_lbl;
+    QLabel* word_lbl2;
+    QLabel* num_lbl;
+    QLabel* repeat_lbl;
+    QLabel* speed_lbl;
+    QPushButton* change_repeat;
+    QPushButton* change_speed;
+    QPushButton* interlace;
+    QPushButton* say_bottom;
+    QPushButton* speak_both;
+    QPushButton* i_know_this_word;
+    QPushButton* next_word;
+    QPushButton* pause;
+    QPushButton* resume;
+
+    // CardView
+    void showWindow() override;
+    bool unloaded() const override { return m_unloaded; }
+    void showWordsLeft(const QString& text) override;
+    void showCard(const QString& word, const QString& translation) override;
+    void showPlay(const QString& repeatText, const QString& speedText) override;
+
+public slots:
+    // The card loop; returns when the cards stop. Called by the main window, by Resume and by
+    // replay().
+    void playwords();
+    // Plays the previous card again without drawing, then goes on with the cards.
+    void replay();
+    void change_repeat_click();
+    void change_speed_click();
+    void interlace_click();
+    void say_bottom_click();
+    void speak_both_click();
+    void i_know_this_word_click();
+    void next_word_click();
+    void pause_click();
+    void resume_click();
+    // Runs when the window closes, by its frame or a button.
+    void form_unload();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+    // Runs a handler so that no exception reaches the event loop.
+    void guarded(const std::function<void()>& handler);
+    QPushButton* makeButton(const QString& name, const QString& caption, int points);
+    QLabel* makeLabel(const QString& name, int points, bool bold = false);
+
+    Session& m_session;
+
+private:
+    const CardStyle m_style;
+    bool m_unloaded = false;
+};
+
+} // namespace quorvane

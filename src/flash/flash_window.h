@@ -1,0 +1,39 @@
+#pragma once
+
+#include "flash/flash_card_window.h"
+
+namespace quorvane {
+
+// The large flash cards, qvplay ("Random Word Play"): big texts sized to fit, texts that can
+// wait a number of plays before they show, and MP3 compilation of the list.
+class FlashWindow : public FlashCardWindow
+{
+    Q_OBJECT
+public:
+    explicit FlashWindow(Session& session, QWidget* parent = nullptr);
+
+    QLabel* mp3_label;
+    QPushButton* delay_top;
+    QPushButton* delay_bottom;
+    QPushButton* create_mp3;
+    QPushButton* auto_mp3;
+    QPushButton* exit_btn;
+
+    // CardView: the parts only the large window has.
+    void setCardPoints(int points) override;
+    void showTexts(bool top, bool bottom) override;
+    void showMp3Progress(const QString& text) override;
+    void showWordCount(const QString& caption) override;
+
+public slots:
+    void delay_top_click();
+    void delay_bottom_click();
+    void create_mp3_click();
+    void auto_mp3_click();
+    void exit_btn_click();
+
+private:
+    void buildLayout();
+};
+
+} // namespace quorvane

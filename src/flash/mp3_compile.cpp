@@ -1,0 +1,174 @@
+#include "flash/mp3_compile.h"
+
+#include "app/prompts.h"
+#include "app/session.h"
+#include "flash/card_loop.h"
+#include "flash/texts.h"
+#include "sound/playback.h"
+#include "sound/texts.h"
+#include "store/basic.h"
+
+#include <QDir>
+#include <QFile>
+#include <QHash>
+
+#include <cmath>
+#include <optional>
+
+namespace quorvane {
+
+namespace {
+
+constexpr int kWordsPerFile = 100;
+constexpr int kWordsPerProgress = 10;
+constexpr float kProgressWait = 0.15f;
+constexpr double kSilencePiece = 0.2;
+const QByteArray kLineEnd = QByteArrayLiteral("\r\n");
+
+// The bytes of every piece, read once per run: a word list names the same few pieces thousands
+// of times. A file that cannot be read is remembered as missing.
+class PieceCache
+{
+public:
+    const QByteArray* bytes(const QString& path)
+    {
+        auto found = m_pieces.find(path);
+        if (found == m_pieces.end()) {
+            std::optional<QByteArray> piece;
+            QFile file(path);
+            if (file.open(QIODevice::ReadOnly))
+                piece = file.readAll();
+            found = m_pieces.insert(path, piece);
+        }
+        return found->has_value() ? &found->value() : nullptr;
+    }
+
+private:
+    QHash<QString, std::optional<QByteArray>> m_pieces;
+};
+
+// One output file, built in memory and written in one piece: the same bytes as appending each
+// piece with its CR LF, without reopening the file thousands of times. Like appending, nothing is
+// created when every piece is missing.
+class OutputFile
+{
+public:
+    void begin(const QString& path, qsizetype expectedSize)
+    {
+        m_path = path;
+        m_bytes.clear();
+        m_bytes.reserve(expectedSize);
+        m_touched = false;
+        QFile::remove(path);
+    }
+
+    void append(const QByteArray* piece)
+    {
+        if (!piece)
+            return;
+        m_bytes += *piece;
+        m_bytes += kLineEnd;
+        m_touched = true;
+    }
+
+    // Errors are swallowed, as every append of a piece swallows them.
+    void finish()
+    {
+        if (m_path.isEmpty() || !m_touched)
+            return;
+        QFile file(m_path);
+        if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+            file.write(m_bytes);
+        m_path.clear();
+        m_bytes.clear();
+    }
+
+    qsizetype size() const { return m_bytes.size(); }
+
+private:
+    QString m_path;
+    QByteArray m_bytes;
+    bool m_touched = false;
+};
+
+// The silence entry as a count of 0.2-second pieces: the whole part of entry / 0.2, cut towards
+// zero, so 0.5 gives 2 and 0.3 gives 1. Nothing for an entry that is no number or too large.
+std::optional<qint16> silencePieces(const QString& entry)
+{
+    bool ok = false;
+    const double seconds = entry.trimmed().toDouble(&ok);
+    if (!ok || !std::isfinite(seconds))
+        return std::nullopt;
+    return basic::toInteger(std::trunc(seconds / kSilencePiece));
+}
+
+} // namespace
+
+QString recording_path(const Session& session, const QString& soundNumber, const QString& language)
+{
+    const QChar separator = QDir::separator();
+    return session.languages_folder + language + separator + soundNumber.left(2) + separator + soundNumber +
+           QStringLiteral(".mp3");
+}
+
+void create_mp3(Session& session)
+{
+    if (const auto words = basic::toInteger(session.prompts.input(flash_texts::createMp3Prompt())))
+        session.mp3_words_left = *words;
+    QFile::remove(sound_texts::mp3OutputFile());
+    session.prompts.message(flash_texts::createMp3Started());
+}
+
+void auto_mp3(Session& session, const Mp3Progress& progress)
+{
+    Prompts& prompts = session.prompts;
+    if (!prompts.okCancel(flash_texts::autoMp3Confirm())) {
+        prompts.message(flash_texts::cancelled());
+        return;
+    }
+    // Cancel gives an empty entry; an entry that is no number is taken the same way.
+    const auto repeats = basic::toInteger(prompts.input(flash_texts::autoMp3RepeatPrompt()));
+    if (!repeats) {
+        prompts.message(flash_texts::cancelled());
+        return;
+    }
+    const auto pieces = silencePieces(prompts.input(flash_texts::autoMp3SilencePrompt()));
+    if (!pieces) {
+        prompts.message(flash_texts::cancelled());
+        return;
+    }
+    session.silence_count = *pieces;
+
+    PieceCache cache;
+    const QByteArray* silence = cache.bytes(sound_texts::silenceFile());
+    const QByteArray* beep = cache.bytes(flash_texts::beepFile());
+    const int count = session.wordCount();
+    OutputFile output;
+    for (int done = 0; done < count; ++done) {
+        if (done % kWordsPerProgress == 0) {
+            if (progress)
+                progress(flash_texts::wordsCompleted(done));
+            wait_seconds(session, kProgressWait);
+        }
+        if (done % kWordsPerFile == 0) {
+            const qsizetype lastSize = output.size();
+            output.finish();
+            output.begin(flash_texts::autoMp3FileName(done / kWordsPerFile + 1), lastSize);
+        }
+        const QString soundNumber = session.sound_numbers.value(done);
+        const QByteArray* word = cache.bytes(recording_path(session, soundNumber, session.current_language));
+        const QByteArray* translation = cache.bytes(
+            recording_path(session, translation_sound_number(session, soundNumber), session.target_language));
+        for (int repeat = 0; repeat < *repeats; ++repeat) {
+            output.append(translation);
+            output.append(word);
+            for (int piece = 0; piece < session.silence_count; ++piece)
+                output.append(silence);
+        }
+        output.append(beep);
+    }
+    output.finish();
+    prompts.message(flash_texts::filesCompleted(count / kWordsPerFile + 1));
+}
+
+} // namespace quorvane

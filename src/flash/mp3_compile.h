@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+namespace quorvane {
+
+class Session;
+
+// Asks how many words the running flash cards should capture into out_file.mp3, deletes an old
+// out_file.mp3 and says what happens next. The card loop does the capturing: each card counts
+// mp3_words_left down and appends a beep, and say_word appends instead of playing while the count
+// is above 0. An entry that is no number leaves the count as it was.
+void create_mp3(Session& session);
+
+// Called with the "c words completed" text every tenth word, before the short wait that lets the
+// window repaint.
+using Mp3Progress = std::function<void(const QString& text)>;
+
+// Writes every word of the shown list into files of 100 words, "100words1.mp3", "100words2.mp3"
+// ... in the program folder, after an OK/Cancel box and boxes for the repeats and the silence
+// between words (which also sets silence_count). Each word is, as many times as asked, its
+// translation's recording, its own recording and the silence pieces, then a beep; every piece is
+// followed by CR LF. Missing recordings are left out. Ends with the count of files, or with
+// "Action has been cancelled".
+void auto_mp3(Session& session, const Mp3Progress& progress);
+
+// The released recording of a sound number in a language (empty sound number: a path that
+// names no file).
+QString recording_path(const Session& session, const QString& soundNumber, const QString& language);
+
+} // namespace quorvane

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QString>
+
+// The fixed texts of the flash cards and of MP3 compilation.
+namespace quorvane::flash_texts {
+
+// Window titles.
+QString largeTitle();
+QString smallTitle();
+
+// Captions of the two windows' controls.
+QString repeatsCaption();
+QString speedCaption();
+QString delayTopCaption();
+QString delayBottomCaption();
+QString interlaceCaption();
+QString topOnlyCaption();
+QString smallTopOnlyCaption();
+QString bothCaption();
+QString knownCaption();
+QString skipCaption();
+QString nextCaption();
+QString pauseCaption();
+QString resumeCaption();
+QString createMp3Caption();
+QString autoMp3Caption();
+QString exitCaption();
+
+// What the labels of a running card say.
+QString wordsRemain(int count);
+QString playOf(int play, int count);
+QString speedShown(float speed);
+// wordsPlayed 0 is the run's empty counter before its first card: the number is left out.
+QString wordsAdded(int wordsPlayed);
+QString wordsCompleted(int count);
+
+// The settings boxes.
+QString speedTitle();
+QString largeSpeedPrompt();
+QString smallSpeedPrompt();
+QString largeSpeedRefused();
+QString smallSpeedRefused();
+QString delayTopPrompt();
+QString delayBottomPrompt();
+QString largeInterlacePrompt();
+QString smallInterlacePrompt();
+QString topOnlyMessage();
+QString bothMessage();
+
+// The small card's stop when recordings are missing.
+QString notEnoughSounds();
+// The main window's flash-card buttons without a shown list.
+QString selectListFirst();
+// A sound number that names no slot of the pairing table.
+QString badSoundNumber(const QString& soundNumber);
+
+// MP3 compilation.
+QString beepFile();
+QString createMp3Prompt();
+QString createMp3Started();
+QString autoMp3Confirm();
+QString autoMp3RepeatPrompt();
+QString autoMp3SilencePrompt();
+QString autoMp3FileName(int number);
+QString filesCompleted(int count);
+QString cancelled();
+
+} // namespace quorvane::flash_texts
