@@ -1,0 +1,294 @@
+#include "sound/playback.h"
+
+#include "app/main_window.h"
+#include "app/session.h"
+#include "quorvane/testing.h"
+#include "sound/cipher.h"
+#include "test_support.h"
+
+#include <QDir>
+#include <QLabel>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+using quorvane::test::ProgramFolder;
+
+// A session over the test doubles, with the program folder as the current directory.
+class Playback : public ::testing::Test
+{
+protected:
+    Playback() : session(prompts, sound, clock)
+    {
+        m_previous = QDir::currentPath();
+        QDir::setCurrent(folder.path());
+        session.languages_folder = folder.path() + "/languages/";
+        session.showSoundCaption = [this](const QString& caption) { captions.append(caption); };
+    }
+    ~Playback() override { QDir::setCurrent(m_previous); }
+
+    QString mp3(const QString& number) const
+    {
+        return session.languages_folder + "spanish/" + number.left(2) + "/" + number + ".mp3";
+    }
+    void addMp3(const QString& number, const QByteArray& bytes = "ID3 word") const
+    {
+        folder.write("languages/spanish/" + number.left(2) + "/" + number + ".mp3", bytes);
+    }
+    // Seconds of virtual time one say_word takes.
+    double timedSay(const QString& number)
+    {
+        const double before = clock.now;
+        quorvane::say_word(session, number, "spanish");
+        return clock.now - before;
+    }
+
+    ProgramFolder folder;
+    quorvane::ScriptedPrompts prompts;
+    quorvane::FakeSound sound;
+    quorvane::FakeClock clock;
+    quorvane::Session session;
+    QStringList captions;
+
+private:
+    QString m_previous;
+};
+
+TEST_F(Playback, ShortSpeedPausesTheSameWhateverTheSoundsLength)
+{
+    addMp3("01000");
+    addMp3("01001");
+    sound.durations.insert(mp3("01000"), 5.0);
+    sound.durations.insert(mp3("01001"), 0.1);
+    session.speed = 0.2f;
+
+    EXPECT_NEAR(timedSay("01000"), 1.0, 0.03);
+    EXPECT_NEAR(timedSay("01001"), 1.0, 0.03);
+    EXPECT_EQ(sound.played, QStringList({mp3("01000"), mp3("01001")}));
+    EXPECT_EQ(captions, QStringList({"File # 01000", "File # 01001"}));
+    EXPECT_NE(session.sound_channel, 0);
+    EXPECT_TRUE(prompts.shown.isEmpty());
+}
+
+TEST_F(Playback, LongSpeedAwaitsTheEndThenPausesAndStopCutsBoth)
+{
+    addMp3("02000");
+    sound.durations.insert(mp3("02000"), 2.0);
+    session.speed = 1.5f;
+    EXPECT_NEAR(timedSay("02000"), 3.5, 0.05);
+    EXPECT_EQ(sound.played, QStringList({mp3("02000")}));
+
+    // A stop while a long sound plays ends at once, without the pause after it.
+    sound.durations.insert(mp3("02000"), 10.0);
+    session.speed = 2.0f;
+    clock.at(3.0, [this] { session.stop_flag = "yes"; });
+    EXPECT_NEAR(timedSay("02000"), 3.0, 0.05);
+    EXPECT_EQ(sound.played.size(), 2);
+
+    // Only an exact "yes" counts: "Yes" lets the sound and the pause run out.
+    session.stop_flag = "Yes";
+    sound.durations.insert(mp3("02000"), 0.5);
+    EXPECT_NEAR(timedSay("02000"), 2.5, 0.05);
+}
+
+TEST_F(Playback, MissingFileWaitsOneSecondPlusSpeedAndCounts)
+{
+    session.speed = 0.5f;
+    EXPECT_NEAR(timedSay("03000"), 1.5, 0.03);
+    EXPECT_EQ(session.missing_sound_count, 1);
+    EXPECT_NEAR(timedSay("03001"), 1.5, 0.03);
+    EXPECT_EQ(session.missing_sound_count, 2);
+    EXPECT_TRUE(sound.played.isEmpty());
+    EXPECT_TRUE(prompts.shown.isEmpty());
+    EXPECT_EQ(captions.last(), "File # 03001");
+
+    addMp3("03002");
+    timedSay("03002");
+    EXPECT_EQ(session.missing_sound_count, 0);
+
+    // An empty sound number does nothing at all.
+    const long events = clock.processed;
+    quorvane::say_word(session, "", "spanish");
+    EXPECT_EQ(clock.processed, events);
+    EXPECT_EQ(captions.size(), 3);
+    EXPECT_EQ(session.missing_sound_count, 0);
+}
+
+TEST_F(Playback, Mp3CaptureAppendsTheWordAndSilencesInsteadOfPlaying)
+{
+    addMp3("04000", "WORD-BYTES");
+    folder.write("silence.mp3", QByteArray("SIL\0", 4));
+    folder.write("out_file.mp3", "HEAD");
+    session.mp3_words_left = 1;
+    session.silence_count = 4;
+    session.speed = 3.0f;
+
+    quorvane::say_word(session, "04000", "spanish");
+    EXPECT_EQ(folder.read("out_file.mp3"), QByteArray("HEADWORD-BYTES\r\nSIL\0\r\nSIL\0\r\nSIL\0\r\nSIL\0\r\n", 40));
+    EXPECT_TRUE(sound.played.isEmpty());
+    EXPECT_EQ(clock.processed, 0);
+    EXPECT_EQ(captions, QStringList({"File # 04000"}));
+
+    // No silence when the count is 0 or less; a missing word file appends nothing but silence.
+    QFile::remove(folder.file("out_file.mp3"));
+    session.silence_count = -1;
+    quorvane::say_word(session, "04000", "spanish");
+    EXPECT_EQ(folder.read("out_file.mp3"), QByteArray("WORD-BYTES\r\n"));
+    session.silence_count = 1;
+    quorvane::say_word(session, "04999", "spanish");
+    EXPECT_EQ(folder.read("out_file.mp3"), QByteArray("WORD-BYTES\r\nSIL\0\r\n", 18));
+    EXPECT_EQ(session.missing_sound_count, 1);
+}
+
+TEST_F(Playback, NewRecordingPlaysThroughATemporaryWavEvenInCapture)
+{
+    folder.write("languages/spanish/new_str/01/01436.tmp", QByteArray(30870, '\x11'));
+    ASSERT_TRUE(quorvane::encipher_file(folder.file("languages/spanish/new_str/01/01436.tmp"),
+                                        folder.file("languages/spanish/new_str/01/01436.str")));
+    QFile::remove(folder.file("languages/spanish/new_str/01/01436.tmp"));
+    session.record_window_playing = true;
+    session.mp3_words_left = 2;
+    session.silence_count = 2;
+    session.speed = 0.2f;
+
+    quorvane::say_word(session, "01436", "spanish");
+    const QString wav = session.languages_folder + "spanish/new_str/01/01436.wav";
+    EXPECT_EQ(sound.played, QStringList({wav}));
+    EXPECT_FALSE(QFile::exists(wav));
+    EXPECT_FALSE(folder.exists("languages/spanish/new_str/01/01436.tmp"));
+    EXPECT_TRUE(folder.exists("languages/spanish/new_str/01/01436.str"));
+    EXPECT_FALSE(folder.exists("out_file.mp3"));
+
+    // Outside the record window a .str path is not played and costs no time.
+    session.record_window_playing = false;
+    QString str = folder.file("languages/spanish/new_str/01/01436.str");
+    const long events = clock.processed;
+    quorvane::play_sound_file(session, str);
+    EXPECT_EQ(sound.played.size(), 1);
+    EXPECT_EQ(clock.processed, events);
+}
+
+TEST_F(Playback, LibraryFailuresAreShownAndThePauseStillHappens)
+{
+    addMp3("05000");
+    session.speed = 0.2f;
+    sound.loadError = quorvane::kSoundLoadFailed;
+    EXPECT_NEAR(timedSay("05000"), 1.0, 0.03);
+    EXPECT_EQ(
+        prompts.texts(),
+        QStringList({"An error occured opening the sound file.\r\nError loading file",
+                     "An error occured playing the sample!\r\nAn invalid parameter was passed to this function"}));
+    EXPECT_TRUE(prompts.shown.first().title.isEmpty());
+
+    prompts.shown.clear();
+    sound.loadError = 0;
+    sound.playError = quorvane::kSoundNoFreeChannel;
+    EXPECT_NEAR(timedSay("05000"), 1.0, 0.03);
+    EXPECT_EQ(prompts.texts(),
+              QStringList({"An error occured playing the sample!\r\nFailed to allocate a new channel"}));
+    EXPECT_EQ(session.sound_channel, 0);
+}
+
+TEST_F(Playback, NothingPlaysWhileRecordingButATemporaryWavIsStillDeleted)
+{
+    addMp3("06000");
+    folder.write("left.wav", "RIFF");
+    session.recording_active = "yes";
+    session.speed = 0.2f;
+    EXPECT_EQ(timedSay("06000"), 0.0);
+    QString wav = folder.file("left.wav");
+    quorvane::play_sound_file(session, wav);
+    EXPECT_FALSE(folder.exists("left.wav"));
+    EXPECT_TRUE(sound.played.isEmpty());
+    EXPECT_EQ(clock.processed, 0);
+}
+
+TEST_F(Playback, WaitSecondsEndsOnTimeOrOnAnExactFlag)
+{
+    quorvane::wait_seconds(session, 0.0f);
+    quorvane::wait_seconds(session, -2.0f);
+    EXPECT_EQ(clock.processed, 0);
+
+    const double start = clock.now;
+    quorvane::wait_seconds(session, 0.5f);
+    EXPECT_NEAR(clock.now - start, 0.5, 0.011);
+    EXPECT_GE(clock.now - start, 0.5 - 1e-9);
+
+    clock.at(0.3, [this] { session.skip_flag = "yes"; });
+    const double skipped = clock.now;
+    quorvane::wait_seconds(session, 60.0f);
+    EXPECT_NEAR(clock.now - skipped, 0.3, 0.011);
+
+    const long events = clock.processed;
+    quorvane::wait_seconds(session, 60.0f);
+    EXPECT_EQ(clock.processed, events);
+    session.skip_flag = "no";
+    session.stop_flag = "quit";
+    const double unflagged = clock.now;
+    quorvane::wait_seconds(session, 0.2f);
+    EXPECT_NEAR(clock.now - unflagged, 0.2, 0.011);
+}
+
+// A timer that falls back to 0 at midnight, as the system timer does.
+class MidnightClock : public quorvane::Clock
+{
+public:
+    double timer() override { return seconds >= 86400.0 ? seconds - 86400.0 : seconds; }
+    void processEvents() override
+    {
+        seconds += 0.01;
+        if (++calls == 1000 && session)
+            session->stop_flag = "yes";
+    }
+    double seconds = 86399.5;
+    int calls = 0;
+    quorvane::Session* session = nullptr;
+};
+
+TEST(PlaybackMidnight, AWaitAcrossMidnightRunsOnUntilAFlagEndsIt)
+{
+    quorvane::ScriptedPrompts prompts;
+    quorvane::FakeSound sound;
+    MidnightClock clock;
+    quorvane::Session session(prompts, sound, clock);
+    clock.session = &session;
+    quorvane::wait_seconds(session, 1.0f);
+    EXPECT_EQ(clock.calls, 1000);
+}
+
+TEST(PlaybackAppend, AppendsBytesAndLineEndAndSwallowsErrors)
+{
+    ProgramFolder folder;
+    folder.write("a.bin", QByteArray("\x00\xff\r", 3));
+    quorvane::append_file(folder.file("a.bin"), folder.file("new.mp3"));
+    quorvane::append_file(folder.file("a.bin"), folder.file("new.mp3"));
+    EXPECT_EQ(folder.read("new.mp3"), QByteArray("\x00\xff\r\r\n\x00\xff\r\r\n", 10));
+    quorvane::append_file(folder.file("absent.bin"), folder.file("other.mp3"));
+    EXPECT_FALSE(folder.exists("other.mp3"));
+    quorvane::append_file(folder.file("a.bin"), folder.file("no/such/folder/x.mp3"));
+    EXPECT_FALSE(folder.exists("no/such/folder/x.mp3"));
+}
+
+TEST(PlaybackWindow, SayWordShowsTheNumberOnTheMainWindow)
+{
+    ProgramFolder folder;
+    folder.write("languages/spanish/a.txt", "x|y|01000\r\n");
+    quorvane::ScriptedPrompts prompts({QString("kestrin")});
+    quorvane::FakeSound sound;
+    quorvane::FakeClock clock;
+    const QString previous = QDir::currentPath();
+    {
+        std::unique_ptr<QWidget> w(quorvane::start(folder.path(), &prompts, &sound, &clock));
+        auto* main = static_cast<quorvane::MainWindow*>(w.get());
+        quorvane::Session& s = quorvane::sessionOf(w.get());
+        s.speed = 0.2f;
+        quorvane::say_word(s, "01437", "spanish");
+        EXPECT_EQ(main->Label6->text(), "File # 01437");
+    }
+    QDir::setCurrent(previous);
+}
+
+} // namespace
