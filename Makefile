@@ -8,7 +8,7 @@ PACKAGES := cmake ninja-build g++ pkg-config qt6-base-dev libqt6opengl6-dev libg
 	libsdl2-dev libsdl2-mixer-dev libssl-dev openssl libzip-dev libgtest-dev libbenchmark-dev \
 	ffmpeg clang-format fonts-dejavu-core fonts-liberation
 
-.PHONY: all setup configure build run test bench lint format clean
+.PHONY: all setup configure build run test bench lint format clean screenshots
 
 all: build
 
@@ -51,3 +51,7 @@ format:
 
 clean:
 	rm -rf $(BUILD)
+
+screenshots: configure
+	cmake --build $(BUILD) --target quorvane_screenshots
+	xvfb-run -a -s "-screen 0 1280x800x24" ./$(BUILD)/quorvane_screenshots docs
