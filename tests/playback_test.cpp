@@ -1,17 +1,13 @@
 #include "sound/playback.h"
 
-#include "app/main_window.h"
 #include "app/session.h"
 #include "quorvane/testing.h"
 #include "sound/cipher.h"
 #include "test_support.h"
 
 #include <QDir>
-#include <QLabel>
 
 #include <gtest/gtest.h>
-
-#include <memory>
 
 namespace {
 
@@ -270,25 +266,6 @@ TEST(PlaybackAppend, AppendsBytesAndLineEndAndSwallowsErrors)
     EXPECT_FALSE(folder.exists("other.mp3"));
     quorvane::append_file(folder.file("a.bin"), folder.file("no/such/folder/x.mp3"));
     EXPECT_FALSE(folder.exists("no/such/folder/x.mp3"));
-}
-
-TEST(PlaybackWindow, SayWordShowsTheNumberOnTheMainWindow)
-{
-    ProgramFolder folder;
-    folder.write("languages/spanish/a.txt", "x|y|01000\r\n");
-    quorvane::ScriptedPrompts prompts({QString("kestrin")});
-    quorvane::FakeSound sound;
-    quorvane::FakeClock clock;
-    const QString previous = QDir::currentPath();
-    {
-        std::unique_ptr<QWidget> w(quorvane::start(folder.path(), &prompts, &sound, &clock));
-        auto* main = static_cast<quorvane::MainWindow*>(w.get());
-        quorvane::Session& s = quorvane::sessionOf(w.get());
-        s.speed = 0.2f;
-        quorvane::say_word(s, "01437", "spanish");
-        EXPECT_EQ(main->Label6->text(), "File # 01437");
-    }
-    QDir::setCurrent(previous);
 }
 
 } // namespace

@@ -154,7 +154,6 @@ bool SdlSound::init(int mixrate, int maxchannels, unsigned flags)
     Mix_QuerySpec(&frequency, &format, &channels);
     m_open = true;
     m_mixRate = frequency;
-    m_outputChannels = channels;
     m_outputBytesPerFrame = channels * bytesPerSampleOf(format);
     return succeed();
 }
@@ -233,12 +232,12 @@ int SdlSound::sampleLoad(int index, const QString& path, unsigned mode, int offs
     m_samples.insert(handle, sample);
     m_cache.insert(key, handle);
     m_cachedBytes += chunk->alen;
-    evictBeyondBounds();
+    evictBeyondBounds(handle);
     succeed();
     return handle;
 }
 
-void SdlSound::evictBeyondBounds()
+void SdlSound::evictBeyondBounds(int keep)
 {
     if (m_cache.size() <= kMaxCachedSamples && m_cachedBytes <= kMaxCachedBytes)
         return;
@@ -251,7 +250,7 @@ void SdlSound::evictBeyondBounds()
     QList<std::pair<quint64, int>> candidates;
     for (auto it = m_cache.constBegin(); it != m_cache.constEnd(); ++it) {
         const Sample& sample = m_samples[it.value()];
-        if (!playing.contains(sample.chunk))
+        if (it.value() != keep && !playing.contains(sample.chunk))
             candidates.append({sample.lastUse, it.value()});
     }
     std::sort(candidates.begin(), candidates.end());

@@ -93,7 +93,8 @@ private:
     bool fail(int code);
     bool succeed();
     Sample* find(int sample);
-    void evictBeyondBounds();
+    // Frees least recently used samples, never keep nor one that is playing, until within bounds.
+    void evictBeyondBounds(int keep);
     void freeSample(int handle);
     void stopRecording();
 
@@ -101,7 +102,6 @@ private:
     bool m_audioStarted = false;
     bool m_open = false;
     int m_mixRate = 0;
-    int m_outputChannels = 0;
     int m_outputBytesPerFrame = 0;
 
     QHash<int, Sample> m_samples;
