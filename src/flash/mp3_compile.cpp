@@ -10,10 +10,10 @@
 
 #include <QDir>
 #include <QFile>
-#include <QHash>
 
 #include <cmath>
 #include <optional>
+#include <unordered_map>
 
 namespace quorvane {
 
@@ -26,7 +26,8 @@ constexpr double kSilencePiece = 0.2;
 const QByteArray kLineEnd = QByteArrayLiteral("\r\n");
 
 // The bytes of every piece, read once per run: a word list names the same few pieces thousands
-// of times. A file that cannot be read is remembered as missing.
+// of times. A file that cannot be read is remembered as missing. The pieces handed out stay valid
+// for the life of the cache (the map's nodes never move).
 class PieceCache
 {
 public:
@@ -38,13 +39,13 @@ public:
             QFile file(path);
             if (file.open(QIODevice::ReadOnly))
                 piece = file.readAll();
-            found = m_pieces.insert(path, piece);
+            found = m_pieces.emplace(path, std::move(piece)).first;
         }
-        return found->has_value() ? &found->value() : nullptr;
+        return found->second.has_value() ? &*found->second : nullptr;
     }
 
 private:
-    QHash<QString, std::optional<QByteArray>> m_pieces;
+    std::unordered_map<QString, std::optional<QByteArray>> m_pieces;
 };
 
 // One output file, built in memory and written in one piece: the same bytes as appending each
