@@ -1,5 +1,9 @@
 #pragma once
 
+#include <memory>
+
+class QTimer;
+
 namespace quorvane {
 
 // The one source of time for every wait and countdown of the program.
@@ -18,8 +22,13 @@ public:
 class QtClock : public Clock
 {
 public:
+    QtClock();
+    ~QtClock() override;
     double timer() override;
     void processEvents() override;
+
+private:
+    std::unique_ptr<QTimer> m_wakeUp; // made on first use, in the thread that waits
 };
 
 } // namespace quorvane

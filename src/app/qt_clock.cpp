@@ -9,8 +9,11 @@
 namespace quorvane {
 
 namespace {
-constexpr int kIdleWaitMilliseconds = 3;
+constexpr int kIdleWaitMilliseconds = 10;
 }
+
+QtClock::QtClock() = default;
+QtClock::~QtClock() = default;
 
 double QtClock::timer()
 {
@@ -24,13 +27,14 @@ void QtClock::processEvents()
         QThread::msleep(kIdleWaitMilliseconds);
         return;
     }
-    // Handle everything pending; when nothing is, sleep in the dispatcher until an event
-    // arrives or the wake-up timer fires, whichever is first.
-    if (dispatcher->processEvents(QEventLoop::AllEvents))
-        return;
-    QTimer wakeUp;
-    wakeUp.setSingleShot(true);
-    wakeUp.start(kIdleWaitMilliseconds);
+    // Handle what is pending; when nothing is, sleep in the dispatcher until an event arrives or
+    // the wake-up timer fires, whichever is first.
+    if (!m_wakeUp) {
+        m_wakeUp = std::make_unique<QTimer>();
+        m_wakeUp->setSingleShot(true);
+        m_wakeUp->setTimerType(Qt::PreciseTimer);
+    }
+    m_wakeUp->start(kIdleWaitMilliseconds);
     dispatcher->processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
 }
 

@@ -127,11 +127,6 @@ QString wordsCaption(int count)
     return QString::number(count) + QStringLiteral(" Words");
 }
 
-QString fileNumberCaption(const QString& soundNumber)
-{
-    return QStringLiteral("File # ") + soundNumber;
-}
-
 QString unexpectedError(const QString& what)
 {
     return QStringLiteral("Something went wrong: %1").arg(what);

@@ -25,7 +25,6 @@ QString about();
 QString unknownWordsCaption(int count);
 QString knownWordsCaption(int count);
 QString wordsCaption(int count);
-QString fileNumberCaption(const QString& soundNumber);
 QString unexpectedError(const QString& what);
 QString notYetAvailable();
 
