@@ -1,6 +1,7 @@
 #include "app/list_box.h"
 #include "app/main_window.h"
 #include "app/session.h"
+#include "store/word_files.h"
 
 #include "quorvane/testing.h"
 
@@ -106,5 +107,58 @@ void BM_DoubleClickMove(benchmark::State& state)
         state.SkipWithError("the row was not selected again");
 }
 BENCHMARK(BM_DoubleClickMove)->Arg(20000)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+namespace {
+
+// The two halves of a list click, apart: reading the file into the arrays, and filling the boxes.
+void BM_CreateArrayOfWords(benchmark::State& state)
+{
+    BenchWindow bench(generatedList(static_cast<int>(state.range(0))));
+    select_row(bench.main()->lists_list, 0);
+    Session& session = bench.main()->session();
+    for (auto _ : state)
+        create_array_of_words(session, bench.unknownFile());
+}
+BENCHMARK(BM_CreateArrayOfWords)->Arg(30000)->Unit(benchmark::kMillisecond);
+
+void BM_DisplayWordsIntoEmptyBoxes(benchmark::State& state)
+{
+    BenchWindow bench(generatedList(static_cast<int>(state.range(0))));
+    MainWindow* main = bench.main();
+    select_row(main->lists_list, 0);
+    for (auto _ : state) {
+        state.PauseTiming();
+        main->words_list->clear();
+        main->words_liste->clear();
+        state.ResumeTiming();
+        main->display_words();
+    }
+}
+BENCHMARK(BM_DisplayWordsIntoEmptyBoxes)->Arg(30000)->Unit(benchmark::kMillisecond);
+
+// The boxes show the arrays but one row: the refill after a move.
+void BM_DisplayWordsAfterAMove(benchmark::State& state)
+{
+    BenchWindow bench(generatedList(static_cast<int>(state.range(0))));
+    MainWindow* main = bench.main();
+    select_row(main->lists_list, 0);
+    Session& session = main->session();
+    const int row = static_cast<int>(state.range(0)) / 2;
+    for (auto _ : state) {
+        state.PauseTiming();
+        session.words.insert(row, QStringLiteral("moved"));
+        session.translations.insert(row, QStringLiteral("moved"));
+        session.sound_numbers.insert(row, QStringLiteral("00001"));
+        main->display_words();
+        session.words.remove(row);
+        session.translations.remove(row);
+        session.sound_numbers.remove(row);
+        state.ResumeTiming();
+        main->display_words();
+    }
+}
+BENCHMARK(BM_DisplayWordsAfterAMove)->Arg(30000)->Unit(benchmark::kMillisecond);
 
 } // namespace

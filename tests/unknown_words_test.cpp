@@ -1,6 +1,7 @@
 #include "app/list_box.h"
 #include "app/main_window.h"
 #include "app/session.h"
+#include "store/word_files.h"
 #include "test_support.h"
 
 #include "quorvane/testing.h"
@@ -13,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <random>
 
 using namespace quorvane;
 using quorvane::test::ProgramFolder;
@@ -293,4 +295,45 @@ TEST(UnknownWords, DoubleClickDeepInALongListKeepsTheRowAndSaysNothing)
     // The word after the moved one is in view.
     const QRect row = main->words_list->visualItemRect(main->words_list->currentItem());
     EXPECT_TRUE(main->words_list->viewport()->rect().contains(row.center()));
+}
+
+TEST(UnknownWords, ReadingAFileGivesTheSameArraysWhateverTheyHeldBefore)
+{
+    // Reading keeps the strings of entries that did not change; whatever the arrays held before,
+    // the result must be exactly that of reading into fresh arrays.
+    ProgramFolder folder;
+    ScriptedPrompts prompts;
+    FakeSound sound;
+    FakeClock clock;
+    Session carried(prompts, sound, clock);
+    std::mt19937 random(20240611);
+    const QList<QByteArray> pieces = {"a", "b", "ab", "\xE9", "\x80", "\x9F", "|", "|", "|", "\r\n", "\n", "\r", ""};
+    const QList<QByteArray> lines = {
+        "uno|one|01001", "dos|two|01002", "a\xE9|\x80|01003", "a\xE9|\x81|01003", "||", "x|y", "x|y|z|w", ""};
+    for (int round = 0; round < 400; ++round) {
+        QByteArray bytes;
+        const int count = std::uniform_int_distribution<int>(0, 12)(random);
+        for (int i = 0; i < count; ++i) {
+            if (random() % 2) {
+                bytes += lines.at(random() % lines.size()) + "\r\n";
+            } else {
+                for (int j = std::uniform_int_distribution<int>(1, 6)(random); j > 0; --j)
+                    bytes += pieces.at(random() % pieces.size());
+            }
+        }
+        folder.write("list.txt", bytes);
+        Session fresh(prompts, sound, clock);
+        create_array_of_words(fresh, folder.file("list.txt"));
+        create_array_of_words(carried, folder.file("list.txt"));
+        ASSERT_EQ(carried.words, fresh.words) << bytes.toHex().toStdString();
+        ASSERT_EQ(carried.translations, fresh.translations) << bytes.toHex().toStdString();
+        ASSERT_EQ(carried.sound_numbers, fresh.sound_numbers) << bytes.toHex().toStdString();
+    }
+    // The same entries read fresh, by the lines the text files are read by.
+    folder.write("list.txt", "a\xE9|\x80|01003\r\n||\r\nx|y\n\nuno|one|01001\rdos|two|");
+    Session fresh(prompts, sound, clock);
+    create_array_of_words(fresh, folder.file("list.txt"));
+    EXPECT_EQ(fresh.words, QStringList({QString::fromUtf8("aé"), "", "uno", "dos", ""}));
+    EXPECT_EQ(fresh.translations, QStringList({QString::fromUtf8("€"), "", "one", "two", ""}));
+    EXPECT_EQ(fresh.sound_numbers, QStringList({"01003", "", "01001", "", ""}));
 }

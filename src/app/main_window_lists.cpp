@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPalette>
+#include <QSignalBlocker>
 
 namespace quorvane {
 
@@ -53,14 +54,35 @@ void setTextColour(QWidget* widget, QPalette::ColorRole role, const QColor& colo
     widget->setPalette(palette);
 }
 
-// Fills a box in one call with painting held back: a list of tens of thousands of words fills
-// in milliseconds instead of laying out every item as it arrives.
-void fillBox(ListBox* box, const QStringList& texts)
+// Makes a box show texts, as if cleared and filled again: nothing selected afterwards, and no
+// click handler run. Only the rows between the unchanged first and last rows are replaced, so a
+// move, which takes one row out of tens of thousands, costs one row; anything else is refilled in
+// one call with painting held back.
+void showTexts(ListBox* box, const QStringList& texts)
 {
+    const int before = box->count();
+    const int after = static_cast<int>(texts.size());
+    int first = 0;
+    while (first < before && first < after && box->item(first)->text() == texts.at(first))
+        ++first;
+    int last = 0;
+    while (last < before - first && last < after - first &&
+           box->item(before - 1 - last)->text() == texts.at(after - 1 - last))
+        ++last;
+
     box->setUpdatesEnabled(false);
     box->setUniformItemSizes(true);
-    box->clear();
-    box->addItems(texts);
+    if (first == 0 && last == 0) {
+        box->clear();
+        box->addItems(texts);
+    } else {
+        // Rows shifting under the current one must not look like a selection to the box.
+        const QSignalBlocker quiet(box);
+        for (int row = before - last - 1; row >= first; --row)
+            delete box->takeItem(row);
+        box->insertItems(first, texts.mid(first, after - first - last));
+        box->selectionModel()->clear();
+    }
     box->setUpdatesEnabled(true);
 }
 
@@ -157,8 +179,8 @@ void MainWindow::display_words()
             shownTranslations.append(s.translations.at(i));
         }
     }
-    fillBox(words_list, shownWords);
-    fillBox(words_liste, shownTranslations);
+    showTexts(words_list, shownWords);
+    showTexts(words_liste, shownTranslations);
 }
 
 void MainWindow::words_list_click()

@@ -9,6 +9,8 @@
 #include <QFile>
 #include <QSet>
 
+#include <algorithm>
+
 namespace quorvane {
 
 bool splitEntry(const QString& line, WordEntry* entry)
@@ -60,21 +62,128 @@ void generate_unknowns_file(Session& session)
     writeTextLines(session.unknown_file, unknown);
 }
 
+namespace {
+
+// Whether text is what the Windows-1252 bytes from..to decode to, without decoding them: the
+// bytes below 0x80 and from 0xA0 up are their own characters.
+bool decodesTo(const QString& text, const char* from, const char* to)
+{
+    if (text.size() != to - from)
+        return false;
+    const QChar* character = text.constData();
+    for (const char* byte = from; byte < to; ++byte, ++character) {
+        const auto value = static_cast<unsigned char>(*byte);
+        if (value >= 0x80 && value < 0xA0)
+            return text == decodeWindows1252(QByteArray::fromRawData(from, to - from));
+        if (character->unicode() != value)
+            return false;
+    }
+    return true;
+}
+
+// The fields of one entry as byte ranges of the file.
+struct EntryBytes
+{
+    const char* word;
+    const char* wordEnd;
+    const char* translation;
+    const char* translationEnd;
+    const char* soundNumber;
+    const char* soundNumberEnd;
+};
+
+// The word arrays being replaced. A file read again after a move differs from them by a line,
+// so an entry equal to the one at the same place, or one place further on, shares its strings
+// instead of allocating three new ones.
+class PreviousEntries
+{
+public:
+    explicit PreviousEntries(const Session& session)
+        : m_words(session.words), m_translations(session.translations), m_soundNumbers(session.sound_numbers)
+    {
+    }
+
+    // The index of an earlier entry equal to entry number n of the file, or -1.
+    qsizetype find(qsizetype n, const EntryBytes& entry)
+    {
+        for (const qsizetype candidate : {n + m_skipped, n + m_skipped + 1}) {
+            if (matches(candidate, entry)) {
+                m_skipped = candidate - n;
+                return candidate;
+            }
+        }
+        return -1;
+    }
+
+    const QStringList& m_words;
+    const QStringList& m_translations;
+    const QStringList& m_soundNumbers;
+
+private:
+    bool matches(qsizetype index, const EntryBytes& entry) const
+    {
+        return index < m_words.size() && decodesTo(m_soundNumbers.at(index), entry.soundNumber, entry.soundNumberEnd) &&
+               decodesTo(m_words.at(index), entry.word, entry.wordEnd) &&
+               decodesTo(m_translations.at(index), entry.translation, entry.translationEnd);
+    }
+
+    qsizetype m_skipped = 0;
+};
+
+QString decodeField(const char* from, const char* to)
+{
+    return from == to ? QString() : decodeWindows1252(QByteArray::fromRawData(from, to - from));
+}
+
+} // namespace
+
 void create_array_of_words(Session& session, const QString& path)
 {
     QStringList words;
     QStringList translations;
     QStringList soundNumbers;
-    if (const auto lines = readTextLines(path)) {
-        WordEntry entry;
-        for (const QString& line : *lines) {
-            if (!splitEntry(line, &entry))
-                continue;
-            if (words.size() >= kMaxWordEntries)
-                throw TableLimitError(texts::tooManyEntries(path, kMaxWordEntries));
-            words.append(entry.word);
-            translations.append(entry.translation);
-            soundNumbers.append(entry.sound_number);
+    QFile file(path);
+    if (file.open(QIODevice::ReadOnly)) {
+        // One pass over the bytes: the bars and line ends are single bytes in the code page, and
+        // each field is decoded straight from the bytes.
+        const QByteArray bytes = file.readAll();
+        const char* const end = bytes.constData() + bytes.size();
+        // Growing the arrays as they fill would copy them again and again.
+        const qsizetype lines = std::min<qsizetype>(bytes.count('\n') + 1, kMaxWordEntries + 1);
+        words.reserve(lines);
+        translations.reserve(lines);
+        soundNumbers.reserve(lines);
+        PreviousEntries previous(session);
+        const char* line = bytes.constData();
+        while (line < end) {
+            const char* bars[2] = {nullptr, nullptr};
+            int barCount = 0;
+            const char* stop = line;
+            for (; stop < end && *stop != '\r' && *stop != '\n'; ++stop) {
+                if (*stop == '|') {
+                    if (barCount < 2)
+                        bars[barCount] = stop;
+                    ++barCount;
+                }
+            }
+            if (barCount == 2) {
+                if (words.size() >= kMaxWordEntries)
+                    throw TableLimitError(texts::tooManyEntries(path, kMaxWordEntries));
+                const EntryBytes entry{line, bars[0], bars[0] + 1, bars[1], bars[1] + 1, stop};
+                if (const qsizetype same = previous.find(words.size(), entry); same >= 0) {
+                    words.append(previous.m_words.at(same));
+                    translations.append(previous.m_translations.at(same));
+                    soundNumbers.append(previous.m_soundNumbers.at(same));
+                } else {
+                    words.append(decodeField(entry.word, entry.wordEnd));
+                    translations.append(decodeField(entry.translation, entry.translationEnd));
+                    soundNumbers.append(decodeField(entry.soundNumber, entry.soundNumberEnd));
+                }
+            }
+            // A line ends with CR LF, LF or CR.
+            if (stop + 1 < end && stop[0] == '\r' && stop[1] == '\n')
+                ++stop;
+            line = stop < end ? stop + 1 : end;
         }
     }
     words.append(QString());
