@@ -60,33 +60,32 @@ void FlashWindow::buildLayout()
 
     auto* counters = new QHBoxLayout;
     counters->addWidget(num_lbl);
+    counters->addSpacing(24);
+    counters->addWidget(mp3_label);
     counters->addStretch(1);
     counters->addWidget(repeat_lbl);
     counters->addSpacing(24);
     counters->addWidget(speed_lbl);
-    counters->addStretch(1);
-    counters->addWidget(mp3_label);
 
-    auto grid = [](QGroupBox* box, const QList<QPushButton*>& buttons, int columns) {
+    // Each group is two rows high; a button alone on its row takes the whole row.
+    auto group = [this](const QString& title, const QList<QPushButton*>& buttons, int columns) {
+        auto* box = new QGroupBox(title, this);
         auto* layout = new QGridLayout(box);
         for (int i = 0; i < buttons.size(); ++i) {
             buttons[i]->setMinimumHeight(kButtonHeight);
-            layout->addWidget(buttons[i], i / columns, i % columns);
+            const bool alone = i == buttons.size() - 1 && i % columns == 0;
+            layout->addWidget(buttons[i], i / columns, i % columns, 1, alone ? columns : 1);
         }
+        return box;
     };
-    auto* settings = new QGroupBox(QStringLiteral("Settings"), this);
-    grid(settings, {change_repeat, change_speed, interlace, delay_top, delay_bottom, say_bottom, speak_both}, 4);
-    auto* cards = new QGroupBox(QStringLiteral("Cards"), this);
-    grid(cards, {i_know_this_word, next_word, pause, resume}, 2);
-    auto* mp3 = new QGroupBox(QStringLiteral("MP3"), this);
-    grid(mp3, {create_mp3, auto_mp3}, 2);
-
     auto* controls = new QHBoxLayout;
-    controls->addWidget(settings, 4);
-    controls->addWidget(cards, 2);
+    controls->addWidget(group(flash_texts::timingGroup(), {change_repeat, change_speed, delay_top, delay_bottom}, 2),
+                        2);
+    controls->addWidget(group(flash_texts::speechGroup(), {say_bottom, speak_both, interlace}, 2), 2);
+    controls->addWidget(group(flash_texts::cardsGroup(), {i_know_this_word, next_word, pause, resume}, 2), 2);
     auto* bottom = new QHBoxLayout;
-    bottom->addWidget(mp3, 1);
-    exit_btn->setMinimumSize(120, kButtonHeight);
+    bottom->addWidget(group(flash_texts::mp3Group(), {create_mp3, auto_mp3}, 2), 1);
+    exit_btn->setMinimumSize(140, kButtonHeight);
     bottom->addWidget(exit_btn, 0, Qt::AlignBottom);
 
     auto* page = new QVBoxLayout(this);

@@ -94,6 +94,26 @@ QString exitCaption()
     return QStringLiteral("Exit");
 }
 
+QString timingGroup()
+{
+    return QStringLiteral("Repeats and timing");
+}
+
+QString speechGroup()
+{
+    return QStringLiteral("What is said");
+}
+
+QString cardsGroup()
+{
+    return QStringLiteral("Cards");
+}
+
+QString mp3Group()
+{
+    return QStringLiteral("MP3 for a portable player");
+}
+
 QString wordsRemain(int count)
 {
     return QString::number(count) + QStringLiteral(" words remain on this list");

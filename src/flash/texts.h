@@ -26,6 +26,11 @@ QString resumeCaption();
 QString createMp3Caption();
 QString autoMp3Caption();
 QString exitCaption();
+// The large window's groups of buttons.
+QString timingGroup();
+QString speechGroup();
+QString cardsGroup();
+QString mp3Group();
 
 // What the labels of a running card say.
 QString wordsRemain(int count);
