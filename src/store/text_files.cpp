@@ -29,6 +29,14 @@ const QHash<char16_t, char>& encodeTable()
     return table;
 }
 
+char encodeCharacter(QChar character)
+{
+    const char16_t code = character.unicode();
+    if (code < 0x80 || (code >= 0xA0 && code <= 0xFF))
+        return static_cast<char>(code);
+    return encodeTable().value(code, '?');
+}
+
 } // namespace
 
 QString decodeWindows1252(const QByteArray& bytes)
@@ -46,14 +54,8 @@ QByteArray encodeWindows1252(const QString& text)
 {
     QByteArray bytes(text.size(), Qt::Uninitialized);
     char* out = bytes.data();
-    for (const QChar character : text) {
-        const char16_t code = character.unicode();
-        if (code < 0x80 || (code >= 0xA0 && code <= 0xFF)) {
-            *out++ = static_cast<char>(code);
-        } else {
-            *out++ = encodeTable().value(code, '?');
-        }
-    }
+    for (const QChar character : text)
+        *out++ = encodeCharacter(character);
     return bytes;
 }
 
@@ -92,14 +94,17 @@ QString readFirstLine(const QString& path)
 
 QByteArray encodeLines(const QStringList& lines)
 {
-    QByteArray bytes;
+    // Encoded straight into one buffer: a file of tens of thousands of lines is one allocation.
     qsizetype total = 0;
     for (const QString& line : lines)
         total += line.size() + 2;
-    bytes.reserve(total);
+    QByteArray bytes(total, Qt::Uninitialized);
+    char* out = bytes.data();
     for (const QString& line : lines) {
-        bytes.append(encodeWindows1252(line));
-        bytes.append("\r\n", 2);
+        for (const QChar character : line)
+            *out++ = encodeCharacter(character);
+        *out++ = '\r';
+        *out++ = '\n';
     }
     return bytes;
 }
