@@ -15,13 +15,6 @@
 
 #include <functional>
 #include <memory>
-#include <ostream>
-
-// Readable texts in the failure messages of these tests.
-inline void PrintTo(const QString& text, std::ostream* out)
-{
-    *out << '"' << text.toStdString() << '"';
-}
 
 namespace quorvane::test {
 
@@ -38,6 +31,17 @@ public:
     }
     std::function<void(const QString& path)> onPlay;
 };
+
+// The captions of the buttons of a window, by name.
+inline QStringList captions(const QWidget* window, const QStringList& names)
+{
+    QStringList texts;
+    for (const QString& name : names) {
+        const auto* button = window->findChild<QPushButton*>(name);
+        texts.append(button ? button->text() : "(no " + name + ")");
+    }
+    return texts;
+}
 
 inline QString spanishNumber(int i)
 {
