@@ -252,8 +252,17 @@ TEST(Mp3, TheSampleCourseCompilesIntoFilesThatDecodeWhole)
         EXPECT_TRUE(complaint.contains("Header missing") || complaint.contains("Invalid data found") ||
                     complaint.contains("Last message repeated"))
             << complaint.toStdString();
-    // The length a player shows. ffmpeg's own decoder drops the frame after each CR LF (about 26 ms
-    // a piece), so the samples it decodes fall a few per cent short of this.
+    // The length a player shows.
     const double measured = probedSeconds(compiled);
     EXPECT_NEAR(measured, expected, expected * 0.05);
+
+    // What ffmpeg decodes: its decoder drops the one frame that follows each CR LF (576 samples at
+    // 22050 Hz), and nothing else.
+    QProcess decoder;
+    decoder.start("ffmpeg", {"-v", "quiet", "-i", compiled, "-f", "s16le", "-ac", "1", "-ar", "22050", "-"});
+    ASSERT_TRUE(decoder.waitForFinished(60000));
+    const double decoded = static_cast<double>(decoder.readAllStandardOutput().size()) / (2 * 22050);
+    const double frame = 576.0 / 22050;
+    EXPECT_LE(decoded, expected * 1.01);
+    EXPECT_GE(decoded, expected - pieces * frame - expected * 0.01);
 }
