@@ -270,8 +270,8 @@ TEST(MainWindow, MenuItemsShowTheirMessagesUnderTheirTitles)
 
     const QString web = QString::fromLatin1(product::kWebAddress);
     EXPECT_EQ(prompts.shown[1].title, "Help");
-    EXPECT_TRUE(prompts.shown[1].text.startsWith(
-        "For general instructions on how to use the program, click on Instructions."));
+    EXPECT_TRUE(
+        prompts.shown[1].text.startsWith("For general instructions on how to use the program, click on Instructions."));
     EXPECT_TRUE(prompts.shown[1].text.contains(web));
     EXPECT_TRUE(prompts.shown[1].text.contains(QString::fromLatin1(product::kMaintainerEmail)));
 
@@ -291,8 +291,8 @@ TEST(MainWindow, MenuItemsShowTheirMessagesUnderTheirTitles)
                                  "quorvane\\users\\kestrin\\spanish\\most_common_words-u.txt"}));
 
     EXPECT_EQ(prompts.shown[3].title, "About " + web + " Vocabulary Tutor");
-    EXPECT_TRUE(prompts.shown[3].text.endsWith(
-        "edit words and phrases, see also the license on the 'Record and Edit' form."));
+    EXPECT_TRUE(
+        prompts.shown[3].text.endsWith("edit words and phrases, see also the license on the 'Record and Edit' form."));
     EXPECT_TRUE(prompts.shown[3].text.contains(QString::fromLatin1(product::kVersion)));
 }
 

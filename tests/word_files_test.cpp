@@ -193,8 +193,8 @@ TEST(WordFiles, PairingLinesFillTheTableAndLaterLinesWin)
 TEST(WordFiles, AMalformedPairingLineLoadsNothing)
 {
     ProgramFolder folder;
-    for (const QByteArray& bad : {QByteArray("100000|00001\r\n"), QByteArray("\r\n"), QByteArray("00020\r\n"),
-                                  QByteArray("abc|00001\r\n")}) {
+    for (const QByteArray& bad :
+         {QByteArray("100000|00001\r\n"), QByteArray("\r\n"), QByteArray("00020\r\n"), QByteArray("abc|00001\r\n")}) {
         QStringList table(kSoundNumberSlots);
         folder.write("index.dat", "00017|00442\r\n" + bad);
         EXPECT_THROW(load_trans_index(folder.file("index.dat"), table), TableLimitError) << bad.constData();

@@ -38,15 +38,16 @@ int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
-    const QString folder = QFileInfo(arguments.size() > 1 ? arguments.at(1) : QStringLiteral("quorvane-demo"))
-                               .absoluteFilePath();
+    const QString folder =
+        QFileInfo(arguments.size() > 1 ? arguments.at(1) : QStringLiteral("quorvane-demo")).absoluteFilePath();
     if (!QFileInfo::exists(folder)) {
         if (!copyFolder(QStringLiteral(QUORVANE_DEMO_DIR), folder)) {
             std::fprintf(stderr, "quorvane-demo: could not copy the sample folder to %s\n",
                          qPrintable(QDir::toNativeSeparators(folder)));
             return 1;
         }
-        std::printf("quorvane-demo: the sample folder was copied to %s\n", qPrintable(QDir::toNativeSeparators(folder)));
+        std::printf("quorvane-demo: the sample folder was copied to %s\n",
+                    qPrintable(QDir::toNativeSeparators(folder)));
     }
     quorvane::start(folder);
     return QApplication::exec();

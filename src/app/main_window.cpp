@@ -110,10 +110,10 @@ void MainWindow::buildControls()
     for (QLabel* heading : {Label1, Label3, Label2})
         heading->setStyleSheet(QStringLiteral("font-weight: bold"));
 
-    flash_cards = makeButton(QStringLiteral("flash_cards"), QStringLiteral("Large Flash Cards and MP3"), kSansSerif,
-                             central);
-    small_flash = makeButton(QStringLiteral("small_flash"), QStringLiteral("Small Flash Card (Stays On Top)"), kArial,
-                             central);
+    flash_cards =
+        makeButton(QStringLiteral("flash_cards"), QStringLiteral("Large Flash Cards and MP3"), kSansSerif, central);
+    small_flash =
+        makeButton(QStringLiteral("small_flash"), QStringLiteral("Small Flash Card (Stays On Top)"), kArial, central);
     test_me = makeButton(QStringLiteral("test_me"), QStringLiteral("Start Student Test"), kArial, central);
     show_test_results =
         makeButton(QStringLiteral("show_test_results"), QStringLiteral("Show Test Results"), kArial, central);
@@ -125,8 +125,9 @@ void MainWindow::buildControls()
     new_language = makeButton(QStringLiteral("new_language"), QStringLiteral("Add new language"), kSansSerif, central);
     add_list = makeButton(QStringLiteral("add_list"), QStringLiteral("Add new word list"), kSansSerif, central);
     toggle_font = makeButton(QStringLiteral("toggle_font"), QStringLiteral("Increase Font"), kArial, central);
-    play_paragraph = makeButton(QStringLiteral("play_paragraph"),
-                                QStringLiteral("Play a paragraph of words, highlighting each word"), kSansSerif, central);
+    play_paragraph =
+        makeButton(QStringLiteral("play_paragraph"),
+                   QStringLiteral("Play a paragraph of words, highlighting each word"), kSansSerif, central);
     paly_syllables = makeButton(QStringLiteral("paly_syllables"),
                                 QStringLiteral("Play each syllable in selected word, highlighting each letter"),
                                 kSansSerif, central);
@@ -162,9 +163,9 @@ void MainWindow::buildControls()
     middle->addWidget(Label4);
 
     auto* right = new QVBoxLayout;
-    for (QPushButton* button : {flash_cards, small_flash, test_me, show_test_results, print_list, record_word_word,
-                                record_word_list, new_language, add_list, toggle_font, play_paragraph,
-                                paly_syllables}) {
+    for (QPushButton* button :
+         {flash_cards, small_flash, test_me, show_test_results, print_list, record_word_word, record_word_list,
+          new_language, add_list, toggle_font, play_paragraph, paly_syllables}) {
         button->setMinimumHeight(30);
         right->addWidget(button);
     }
@@ -228,8 +229,8 @@ void MainWindow::wireHandlers()
     connect(Troubleshooting, &QAction::triggered, this, &MainWindow::Troubleshooting_click);
     connect(About1, &QAction::triggered, this, &MainWindow::About1_click);
     // Parts of the program still to come: their buttons are shown but cannot be pressed yet.
-    for (QPushButton* button : {test_me, show_test_results, print_list, record_word_word, record_word_list,
-                                new_language, add_list}) {
+    for (QPushButton* button :
+         {test_me, show_test_results, print_list, record_word_word, record_word_list, new_language, add_list}) {
         button->setEnabled(false);
         button->setToolTip(main_texts::notYetAvailable());
     }

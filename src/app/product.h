@@ -7,9 +7,9 @@ namespace quorvane::product {
 inline constexpr const char* kName = "Quorvane";
 inline constexpr const char* kVersion = "0.1.0";
 inline constexpr const char* kReleaseDate = "23 November 2026";
-inline constexpr const char* kWebAddress = "www.quorvane.example";                  // placeholder
-inline constexpr const char* kMaintainerName = "the Quorvane maintainers";          // placeholder
-inline constexpr const char* kMaintainerEmail = "maintainers@quorvane.example";     // placeholder
-inline constexpr const char* kMaintainerTelephone = "+1 555 0100 (placeholder)";    // placeholder
+inline constexpr const char* kWebAddress = "www.quorvane.example";               // placeholder
+inline constexpr const char* kMaintainerName = "the Quorvane maintainers";       // placeholder
+inline constexpr const char* kMaintainerEmail = "maintainers@quorvane.example";  // placeholder
+inline constexpr const char* kMaintainerTelephone = "+1 555 0100 (placeholder)"; // placeholder
 
 } // namespace quorvane::product
