@@ -1,6 +1,27 @@
+#include "bench_support.h"
+
 #include <QApplication>
 
 #include <benchmark/benchmark.h>
+
+#include <vector>
+
+namespace quorvane::bench {
+
+namespace {
+std::vector<std::function<void()>>& endActions()
+{
+    static std::vector<std::function<void()>> actions;
+    return actions;
+}
+} // namespace
+
+void atEnd(std::function<void()> action)
+{
+    endActions().push_back(std::move(action));
+}
+
+} // namespace quorvane::bench
 
 // Prints figures only: benchmarks assert nothing about time.
 int main(int argc, char* argv[])
@@ -13,5 +34,7 @@ int main(int argc, char* argv[])
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
+    for (const auto& action : quorvane::bench::endActions())
+        action();
     return 0;
 }
