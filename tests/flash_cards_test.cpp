@@ -1,6 +1,7 @@
 #include "flash/card_loop.h"
 #include "flash/flash_window.h"
-#include "flash_course.h"
+#include "flash/small_flash_window.h"
+#include "test_support.h"
 
 #include <QCoreApplication>
 #include <QLabel>
@@ -11,8 +12,7 @@
 #include <stdexcept>
 
 using namespace quorvane;
-using quorvane::test::CourseOptions;
-using quorvane::test::FlashCourse;
+using namespace quorvane::test;
 
 namespace {
 
@@ -21,12 +21,17 @@ FlashWindow* largeCards()
     return qobject_cast<FlashWindow*>(window("qvplay"));
 }
 
+SmallFlashWindow* smallCard()
+{
+    return qobject_cast<SmallFlashWindow*>(window("qvplay2"));
+}
+
 // The sounds of one card of the course, T for the translation and W for the word.
-QStringList cardSounds(const FlashCourse& course, int index, const QString& pattern)
+QStringList cardSounds(const Program& p, int index, const QString& pattern)
 {
     QStringList paths;
     for (const QChar sound : pattern)
-        paths.append(course.played(sound == 'T' ? FlashCourse::englishPath(index) : FlashCourse::spanishPath(index)));
+        paths.append(p.played(sound == 'T' ? englishPath(index) : spanishPath(index)));
     return paths;
 }
 
@@ -34,14 +39,13 @@ QStringList cardSounds(const FlashCourse& course, int index, const QString& patt
 
 TEST(FlashCards, EachSpeechModePlaysItsPatternOnEveryCard)
 {
-    struct Case
+    const struct
     {
         const char* sayMode;
         qint16 interlace;
         qint16 repeats;
         const char* pattern;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"no", 0, 3, "WWW"},
         {"yes", 0, 3, "TWWW"},
         {"interlace", 2, 6, "TWWTWWTWW"},
@@ -49,98 +53,92 @@ TEST(FlashCards, EachSpeechModePlaysItsPatternOnEveryCard)
         {"interlace", 0, 3, "WWW"},
         {"interlace", 3, 3, "TWWW"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.pattern);
-        FlashCourse course;
-        Session& s = course.session();
+        Program p;
+        openCourse(p);
+        Session& s = p.session();
         s.say_mode = c.sayMode;
         s.interlace_count = c.interlace;
         s.repeat_count = c.repeats;
         const QString pattern = c.pattern;
         // One whole card, then the first sound of the next.
-        course.pauseAtSound(pattern.size() + 1);
-        course.main()->flash_cards_click();
-        ASSERT_EQ(course.sound.played.size(), pattern.size() + 1);
-        EXPECT_EQ(course.sound.played.mid(0, pattern.size()), cardSounds(course, s.previous_index, pattern));
-        EXPECT_EQ(course.sound.played.last(), cardSounds(course, s.current_index, pattern.left(1)).first());
+        p.pauseAtSound(pattern.size() + 1);
+        p.main()->flash_cards_click();
+        ASSERT_EQ(p.sound.played.size(), pattern.size() + 1);
+        EXPECT_EQ(p.sound.played.mid(0, pattern.size()), cardSounds(p, s.previous_index, pattern));
+        EXPECT_EQ(p.sound.played.last(), cardSounds(p, s.current_index, pattern.left(1)).first());
     }
 }
 
-TEST(FlashCards, TextsShowAfterTheirDelaysAtTheStartOfEachPlay)
+TEST(FlashCards, StartSetsDefaultsShowsTheTextsAfterTheirDelaysAndTheControlsTellTheCard)
 {
-    FlashCourse course;
-    Session& s = course.session();
-    s.repeat_count = 4;
+    Program p;
+    openCourse(p);
+    Session& s = p.session();
     s.delay_top = 2;
     s.delay_bottom = 1;
-    QList<std::pair<bool, bool>> shown;
-    course.sound.onPlay = [&](const QString&) {
+    QList<std::pair<bool, bool>> shown; // the top and bottom texts as each play starts
+    p.sound.onPlay = [&](const QString&) {
         shown.append({largeCards()->word_lbl->isVisible(), largeCards()->word_lbl2->isVisible()});
         if (shown.size() == 4)
-            FlashCourse::press("qvplay", "pause");
+            Program::press("qvplay", "pause");
     };
-    course.main()->flash_cards_click();
+    p.main()->flash_cards_click();
+    EXPECT_EQ(std::tuple(s.repeat_count, s.speed, s.silence_count, s.say_mode), std::tuple(4, 0.8f, 4, "no"));
+    EXPECT_EQ(p.sound.played, cardSounds(p, s.current_index, "WWWW"));
     const QList<std::pair<bool, bool>> delayed = {{false, false}, {false, true}, {true, true}, {true, true}};
     EXPECT_EQ(shown, delayed);
+    FlashWindow* cards = largeCards();
+    EXPECT_EQ(cards->windowTitle(), "Random Word Play");
+    EXPECT_EQ(captions(cards, {"change_repeat", "change_speed", "delay_top", "delay_bottom", "interlace", "say_bottom",
+                               "speak_both", "i_know_this_word", "next_word", "pause", "resume", "create_mp3",
+                               "auto_mp3", "exit_btn"}),
+              QStringList({"# Repeats", "Speed", "Delay Showing Top", "Delay Showing Bottom", "Interlace",
+                           "Say Top Only", "Say Both", "Mark Word As Known", "Skip", "Pause", "Resume",
+                           "Create MP3 File Based on Current Settings", "Create MP3 files for all words on this list",
+                           "Exit"}));
+    EXPECT_EQ(QStringList({cards->word_lbl->text(), cards->num_lbl->text(), cards->repeat_lbl->text(),
+                           cards->speed_lbl->text(), p.main()->Label8->text()}),
+              QStringList({"palabra" + QString::number(s.current_index), "3 words remain on this list", "4 of 4",
+                           "0.8 sec", "3 Words"}));
+    EXPECT_EQ(cards->word_lbl->font().family(), "Arial");
+    EXPECT_EQ(cards->word_lbl->font().pointSize(), 48);
+    // Paused: the cards stay open, the main window stays hidden.
+    EXPECT_TRUE(cards->isVisible());
+    EXPECT_FALSE(p.main()->isVisible());
 
     // Delays outside 1..99 count as none from the next start on.
     s.delay_top = 100;
     s.delay_bottom = -1;
     shown.clear();
-    course.main()->flash_cards_click();
+    p.main()->flash_cards_click();
     EXPECT_EQ(s.delay_top, 0);
     EXPECT_EQ(s.delay_bottom, 0);
     const QList<std::pair<bool, bool>> always(4, {true, true});
     EXPECT_EQ(shown, always);
 }
 
-TEST(FlashCards, StartSetsDefaultsAndTheControlsTellTheCard)
-{
-    FlashCourse course;
-    Session& s = course.session();
-    course.pauseAtSound(4);
-    course.main()->flash_cards_click();
-    EXPECT_EQ(s.repeat_count, 4);
-    EXPECT_FLOAT_EQ(s.speed, 0.8f);
-    EXPECT_EQ(s.silence_count, 4);
-    EXPECT_EQ(s.say_mode, "no");
-    EXPECT_EQ(course.sound.played, cardSounds(course, s.current_index, "WWWW"));
-    FlashWindow* cards = largeCards();
-    EXPECT_EQ(cards->windowTitle(), "Random Word Play");
-    EXPECT_EQ(quorvane::test::captions(cards, {"change_repeat", "change_speed", "delay_top", "delay_bottom",
-                                               "interlace", "say_bottom", "speak_both", "i_know_this_word", "next_word",
-                                               "pause", "resume", "create_mp3", "auto_mp3", "exit_btn"}),
-              QStringList({"# Repeats", "Speed", "Delay Showing Top", "Delay Showing Bottom", "Interlace",
-                           "Say Top Only", "Say Both", "Mark Word As Known", "Skip", "Pause", "Resume",
-                           "Create MP3 File Based on Current Settings", "Create MP3 files for all words on this list",
-                           "Exit"}));
-    EXPECT_EQ(cards->word_lbl->text(), "palabra" + QString::number(s.current_index));
-    EXPECT_EQ(cards->word_lbl->font().family(), "Arial");
-    EXPECT_EQ(cards->word_lbl->font().pointSize(), 48);
-    EXPECT_EQ(cards->num_lbl->text(), "3 words remain on this list");
-    EXPECT_EQ(cards->repeat_lbl->text(), "4 of 4");
-    EXPECT_EQ(cards->speed_lbl->text(), "0.8 sec");
-    EXPECT_EQ(course.main()->Label8->text(), "3 Words");
-    // Paused: the cards stay open, the main window stays hidden.
-    EXPECT_TRUE(cards->isVisible());
-    EXPECT_FALSE(course.main()->isVisible());
-}
-
-TEST(FlashCards, FontsFitTheLongerText)
+TEST(FlashCards, FontSizesTranslationNumbersAndDraws)
 {
     EXPECT_EQ(card_points(QString(19, 'a'), QString(19, 'b')), 48);
     EXPECT_EQ(card_points(QString(20, 'a'), "cat"), 24);
     EXPECT_EQ(card_points("gato", QString(75, 'b')), 24);
     EXPECT_EQ(card_points(QString(76, 'a'), "cat"), 12);
     EXPECT_EQ(card_points("gato", QString(200, 'b')), 12);
-}
 
-TEST(FlashCards, ElevenWordsNeverFollowThemselvesFewerMay)
-{
     ScriptedPrompts prompts;
     FakeSound sound;
     FakeClock clock;
     Session s(prompts, sound, clock);
+    s.target_sound_numbers[1436] = "00436";
+    EXPECT_EQ(translation_sound_number(s, "01436"), "00436");
+    EXPECT_EQ(translation_sound_number(s, "01437"), "");
+    EXPECT_EQ(translation_sound_number(s, ""), "");
+    EXPECT_THROW(translation_sound_number(s, "100000"), std::out_of_range);
+    EXPECT_THROW(translation_sound_number(s, "x1436"), std::out_of_range);
+
+    // From eleven words up a card never follows itself; with fewer it may.
     auto repeatsIn = [&](int count) {
         int repeats = 0;
         QSet<int> seen;
@@ -163,75 +161,51 @@ TEST(FlashCards, ElevenWordsNeverFollowThemselvesFewerMay)
 
 TEST(FlashCards, AOneWordOrEmptyListPlaysNothing)
 {
-    CourseOptions one;
-    one.words = 1;
-    FlashCourse course(one);
-    course.session().missing_sound_count = 5;
-    course.main()->flash_cards_click();
+    Program p;
+    openCourse(p, 1);
+    p.session().missing_sound_count = 5;
+    p.main()->flash_cards_click();
     EXPECT_NE(largeCards(), nullptr);
-    EXPECT_EQ(course.session().missing_sound_count, 0);
+    EXPECT_EQ(p.session().missing_sound_count, 0);
 
-    course.session().words = {QString()};
-    course.session().sound_numbers = {QString()};
-    course.main()->flash_cards_click();
-    EXPECT_TRUE(course.sound.played.isEmpty());
+    p.session().words = {QString()};
+    p.session().sound_numbers = {QString()};
+    p.main()->flash_cards_click();
+    EXPECT_TRUE(p.sound.played.isEmpty());
 }
 
-TEST(FlashCards, TranslationSoundNumbersComeFromThePairingTable)
+TEST(FlashCards, SettingBoxesKeepTheirBoundsAndValuesOnBadEntries)
 {
-    ScriptedPrompts prompts;
-    FakeSound sound;
-    FakeClock clock;
-    Session s(prompts, sound, clock);
-    s.target_sound_numbers[1436] = "00436";
-    EXPECT_EQ(translation_sound_number(s, "01436"), "00436");
-    EXPECT_EQ(translation_sound_number(s, "01437"), "");
-    EXPECT_EQ(translation_sound_number(s, ""), "");
-    EXPECT_THROW(translation_sound_number(s, "100000"), std::out_of_range);
-    EXPECT_THROW(translation_sound_number(s, "x1436"), std::out_of_range);
-}
-
-TEST(FlashCards, SpeedBoxTakesUpToElevenAndRefusesTheRest)
-{
-    FlashCourse course;
-    Session& s = course.session();
-    auto* cards = new FlashWindow(s, course.main());
-    struct Case
+    Program p;
+    openCourse(p);
+    Session& s = p.session();
+    auto* cards = new FlashWindow(s, p.main());
+    const struct
     {
         const char* entry;
         float speed;
         qint16 silence;
         bool refused;
-    };
-    // The message says 10 but 10.5 passes; a refused entry still sets the silence count.
-    const Case cases[] = {{"10.5", 10.5f, 52, false}, {"12", 0.2f, 60, true},  {"0.005", 0.2f, 0, true},
-                          {"0.4", 0.4f, 2, false},    {"abc", 0.4f, 2, false}, {"", 0.4f, 2, false}};
-    for (const Case& c : cases) {
+    } cases[] = {// The message says 10 but 10.5 passes; a refused entry still sets the silence count.
+                 {"10.5", 10.5f, 52, false}, {"12", 0.2f, 60, true},  {"0.005", 0.2f, 0, true},
+                 {"0.4", 0.4f, 2, false},    {"abc", 0.4f, 2, false}, {"", 0.4f, 2, false}};
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.entry);
-        course.prompts.shown.clear();
-        course.prompts.push(QString(c.entry));
+        p.prompts.shown.clear();
+        p.prompts.push(QString(c.entry));
         cards->change_speed_click();
         EXPECT_FLOAT_EQ(s.speed, c.speed);
         EXPECT_EQ(s.silence_count, c.silence);
-        ASSERT_EQ(course.prompts.shown.size(), c.refused ? 2 : 1);
-        EXPECT_EQ(course.prompts.shown[0].title, "Speed Bump");
-        EXPECT_EQ(course.prompts.shown[0].text,
-                  "How long should the pause between words be (in seconds)?  Use 0.1 for a quick speed and 2 for "
-                  "slow. For phrases, it needs to be 1 or higher.");
+        QStringList expected = {"input|Speed Bump|How long should the pause between words be (in seconds)?  Use 0.1 "
+                                "for a quick speed and 2 for slow. For phrases, it needs to be 1 or higher."};
         if (c.refused)
-            EXPECT_EQ(course.prompts.shown[1].text,
-                      "That was less than 0.01 or more than 10. It's been set to .2 second.");
+            expected.append("message||That was less than 0.01 or more than 10. It's been set to .2 second.");
+        EXPECT_EQ(boxes(p.prompts), expected);
     }
-}
 
-TEST(FlashCards, SettingButtonsKeepValuesOnBadEntries)
-{
-    FlashCourse course;
-    Session& s = course.session();
-    auto* cards = new FlashWindow(s, course.main());
-    course.prompts.shown.clear();
+    p.prompts.shown.clear();
     for (const char* answer : {"3", "x", "2", "y", "4", "6", "0"})
-        course.prompts.push(QString(answer));
+        p.prompts.push(QString(answer));
     cards->delay_top_click();
     cards->delay_top_click();
     EXPECT_EQ(s.delay_top, 3);
@@ -251,63 +225,60 @@ TEST(FlashCards, SettingButtonsKeepValuesOnBadEntries)
     EXPECT_EQ(s.say_mode, "no");
     cards->speak_both_click();
     EXPECT_EQ(s.say_mode, "yes");
-    EXPECT_EQ(course.prompts.texts().mid(3, 1),
+    EXPECT_EQ(p.prompts.texts().mid(3, 1),
               QStringList("How many times should the foreign word be played before the translation is played?  This "
                           "works only if both languages are installed."));
-    EXPECT_EQ(course.prompts.texts().mid(8),
+    EXPECT_EQ(p.prompts.texts().mid(8),
               QStringList({"This plays just the top word.",
                            "If both language's sound files are installed, this plays both the top and bottom words."}));
 }
 
 TEST(FlashCards, MarkWordAsKnownMovesTheWordAndGoesToTheNextCard)
 {
-    FlashCourse course;
-    Session& s = course.session();
+    Program p;
+    openCourse(p);
+    Session& s = p.session();
     int known = -1;
-    course.sound.onPlay = [&](const QString&) {
-        if (course.sound.played.size() == 1) {
+    p.sound.onPlay = [&](const QString&) {
+        if (p.sound.played.size() == 1) {
             known = s.current_index;
-            FlashCourse::press("qvplay", "i_know_this_word");
+            Program::press("qvplay", "i_know_this_word");
         } else {
-            FlashCourse::press("qvplay", "pause");
+            Program::press("qvplay", "pause");
         }
     };
-    course.main()->flash_cards_click();
+    p.main()->flash_cards_click();
     ASSERT_GE(known, 0);
-    auto entry = [](int i) {
-        return QStringLiteral("palabra%1|word%1|%2\r\n").arg(i).arg(quorvane::test::spanishNumber(i)).toLatin1();
-    };
-    EXPECT_EQ(course.folder.read("users/kestrin/spanish/words-k.txt"), entry(known));
+    EXPECT_EQ(p.folder.read("users/kestrin/spanish/words-k.txt"), courseEntry(known));
     // The unknown file is written from the arrays, their empty last slot included, which comes
     // back as an empty entry: the count of words stays, the word is gone.
     QByteArray rest;
     QStringList restWords;
     for (int i = 0; i < 3; ++i) {
         if (i != known) {
-            rest += entry(i);
+            rest += courseEntry(i);
             restWords.append("palabra" + QString::number(i));
         }
     }
-    EXPECT_EQ(course.folder.read("users/kestrin/spanish/words-u.txt"), rest + "||\r\n");
+    EXPECT_EQ(p.folder.read("users/kestrin/spanish/words-u.txt"), rest + "||\r\n");
     EXPECT_EQ(s.words, restWords + QStringList({"", ""}));
     EXPECT_EQ(largeCards()->num_lbl->text(), "3 words remain on this list");
-    EXPECT_EQ(course.main()->known_lists->count(), 1);
+    EXPECT_EQ(p.main()->known_lists->count(), 1);
     // The next card began at once with another word.
-    EXPECT_NE(course.sound.played[1], course.sound.played[0]);
+    EXPECT_NE(p.sound.played[1], p.sound.played[0]);
 }
 
 TEST(FlashCards, SkipEndsTheCardPauseStopsResumeDrawsReplayDoesNot)
 {
-    CourseOptions twelve;
-    twelve.words = 12;
-    FlashCourse course(twelve);
-    Session& s = course.session();
+    Program p;
+    openCourse(p, 12);
+    Session& s = p.session();
     s.repeat_count = 5;
-    course.sound.onPlay = [&](const QString&) {
-        FlashCourse::press("qvplay", course.sound.played.size() == 1 ? "next_word" : "pause");
+    p.sound.onPlay = [&](const QString&) {
+        Program::press("qvplay", p.sound.played.size() == 1 ? "next_word" : "pause");
     };
-    course.main()->flash_cards_click();
-    const QStringList& played = course.sound.played;
+    p.main()->flash_cards_click();
+    const QStringList& played = p.sound.played;
     ASSERT_EQ(played.size(), 2);
     EXPECT_NE(played[0], played[1]);
     EXPECT_EQ(s.stop_flag, "yes");
@@ -315,11 +286,11 @@ TEST(FlashCards, SkipEndsTheCardPauseStopsResumeDrawsReplayDoesNot)
 
     // Resume while paused: a new card is drawn and played.
     const int before = s.current_index;
-    course.pauseAtSound(3);
+    p.pauseAtSound(3);
     largeCards()->resume_click();
     ASSERT_EQ(played.size(), 3);
     EXPECT_NE(s.current_index, before);
-    EXPECT_EQ(played[2], course.played(FlashCourse::spanishPath(s.current_index)));
+    EXPECT_EQ(played[2], p.played(spanishPath(s.current_index)));
 
     // Resume when the cards are not paused does nothing.
     s.stop_flag = "no";
@@ -328,92 +299,189 @@ TEST(FlashCards, SkipEndsTheCardPauseStopsResumeDrawsReplayDoesNot)
 
     // The replay plays the previous card again without drawing.
     const int previous = s.previous_index;
-    course.pauseAtSound(4);
+    p.pauseAtSound(4);
     largeCards()->replay();
     EXPECT_EQ(s.current_index, previous);
-    EXPECT_EQ(played[3], course.played(FlashCourse::spanishPath(previous)));
+    EXPECT_EQ(played[3], p.played(spanishPath(previous)));
 }
 
 TEST(FlashCards, ClosingWhileTheCardsPlayEndsThemAndShowsTheMainWindow)
 {
-    FlashCourse course;
-    course.sound.onPlay = [&](const QString&) {
-        if (course.sound.played.size() == 2)
-            FlashCourse::press("qvplay", "exit_btn");
+    Program p;
+    openCourse(p);
+    p.sound.onPlay = [&](const QString&) {
+        if (p.sound.played.size() == 2)
+            Program::press("qvplay", "exit_btn");
     };
-    course.main()->flash_cards_click();
-    EXPECT_EQ(course.sound.played.size(), 2);
-    EXPECT_EQ(course.session().stop_flag, "yes");
+    p.main()->flash_cards_click();
+    EXPECT_EQ(p.sound.played.size(), 2);
+    EXPECT_EQ(p.session().stop_flag, "yes");
     EXPECT_EQ(window("qvplay"), nullptr);
-    EXPECT_TRUE(course.main()->isVisible());
+    EXPECT_TRUE(p.main()->isVisible());
 
     // Closed by its frame and deleted while the loop is still waiting inside it.
-    course.sound.onPlay = nullptr;
+    p.sound.onPlay = nullptr;
     QPointer<FlashWindow> closed;
-    course.clock.at(3.0, [&] {
+    p.clock.at(3.0, [&] {
         closed = largeCards();
         closed->close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     });
-    course.main()->flash_cards_click();
+    p.main()->flash_cards_click();
     EXPECT_TRUE(closed.isNull());
-    EXPECT_TRUE(course.main()->isVisible());
+    EXPECT_TRUE(p.main()->isVisible());
 }
 
 TEST(FlashCards, ATenMinuteDrillRunsOnVirtualTime)
 {
-    CourseOptions twelve;
-    twelve.words = 12;
-    FlashCourse course(twelve);
-    course.session().say_mode = "yes";
-    course.clock.at(600.0, [] { FlashCourse::press("qvplay", "pause"); });
-    course.main()->flash_cards_click();
+    Program p;
+    openCourse(p, 12);
+    p.session().say_mode = "yes";
+    p.clock.at(600.0, [] { Program::press("qvplay", "pause"); });
+    p.main()->flash_cards_click();
     // A card of a translation and four plays lasts under 7 seconds.
-    EXPECT_GT(course.sound.played.size(), 350);
+    EXPECT_GT(p.sound.played.size(), 350);
 }
 
-TEST(FlashCards, MainWindowButtonsNeedAShownList)
+TEST(FlashCards, TheMainWindowHidesForItsListButNotForAKnownListAndNeedsAList)
 {
-    FlashCourse course;
-    MainWindow* main = course.main();
+    Program p;
+    openCourse(p);
+    MainWindow* main = p.main();
     bool mainShownDuringCards = true;
-    course.sound.onPlay = [&](const QString&) {
+    p.sound.onPlay = [&](const QString&) {
         mainShownDuringCards = main->isVisible();
-        FlashCourse::press("qvplay", "pause");
+        Program::press("qvplay", "pause");
     };
     main->flash_cards_click();
     EXPECT_FALSE(mainShownDuringCards);
     largeCards()->close();
 
+    // A double-click on a known list plays it beside the main window, and a pause closes the cards.
+    p.folder.write("users/kestrin/spanish/words-k.txt", "gato|cat|01000\r\nperro|dog|01001\r\n");
+    main->refresh_known_list();
+    main->known_lists->setRowQuietly(0);
+    main->known_lists_dblclick();
+    EXPECT_EQ(p.session().shown_file, p.session().known_file);
+    EXPECT_EQ(p.session().words.mid(0, 2), QStringList({"gato", "perro"}));
+    EXPECT_TRUE(mainShownDuringCards);
+    EXPECT_EQ(p.sound.played.size(), 2);
+    EXPECT_EQ(window("qvplay"), nullptr);
+    EXPECT_TRUE(main->isVisible());
+
     // A language click leaves no list shown.
     select_row(main->lang_list, main->lang_list->currentRow());
-    course.prompts.shown.clear();
+    p.prompts.shown.clear();
     main->flash_cards_click();
     main->small_flash_click();
-    EXPECT_EQ(course.prompts.texts(), QStringList(2, "You must first select a list to start the flash cards."));
+    EXPECT_EQ(p.prompts.texts(), QStringList(2, "You must first select a list to start the flash cards."));
     EXPECT_TRUE(main->isVisible());
     EXPECT_EQ(window("qvplay"), nullptr);
     EXPECT_EQ(window("qvplay2"), nullptr);
 }
 
-TEST(FlashCards, DoubleClickOnAKnownListPlaysItBesideTheMainWindowThenCloses)
+TEST(SmallFlashCard, StaysOnTopSaysBothByDefaultAndLeavesTheLargeSettings)
 {
-    FlashCourse course;
-    MainWindow* main = course.main();
-    course.folder.write("users/kestrin/spanish/words-k.txt", "gato|cat|01000\r\nperro|dog|01001\r\n");
-    main->refresh_known_list();
-    main->known_lists->setRowQuietly(0);
-    bool mainShownDuringCards = false;
-    course.sound.onPlay = [&](const QString&) {
-        mainShownDuringCards = main->isVisible();
-        FlashCourse::press("qvplay", "pause");
-    };
-    main->known_lists_dblclick();
-    EXPECT_EQ(course.session().shown_file, course.session().known_file);
-    EXPECT_EQ(course.session().words.mid(0, 2), QStringList({"gato", "perro"}));
-    EXPECT_TRUE(mainShownDuringCards);
-    EXPECT_EQ(course.sound.played.size(), 1);
-    // Paused, and so closed.
-    EXPECT_EQ(window("qvplay"), nullptr);
-    EXPECT_TRUE(main->isVisible());
+    Program p;
+    openCourse(p);
+    Session& s = p.session();
+    s.delay_top = 100;
+    s.delay_bottom = -4;
+    s.silence_count = 7;
+    p.pauseAtSound(5, "qvplay2");
+    p.main()->small_flash_click();
+
+    SmallFlashWindow* card = smallCard();
+    ASSERT_NE(card, nullptr);
+    EXPECT_TRUE(card->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_FALSE(p.main()->isVisible());
+    EXPECT_EQ(std::tuple(s.repeat_count, s.speed, s.say_mode, s.delay_top, s.delay_bottom, s.silence_count),
+              std::tuple(3, 0.2f, "yes", 100, -4, 7));
+    ASSERT_EQ(p.sound.played.size(), 5);
+    EXPECT_EQ(p.sound.played.mid(0, 4), cardSounds(p, s.previous_index, "TWWW"));
+    EXPECT_EQ(p.sound.played[4], p.played(englishPath(s.current_index)));
+
+    // Texts always shown at one size; the counters as on the large cards.
+    EXPECT_TRUE(card->word_lbl->isVisible());
+    EXPECT_TRUE(card->word_lbl2->isVisible());
+    EXPECT_EQ(card->word_lbl->font().pointSize(), 16);
+    // The next card's first play was announced when the pause took effect. Nothing of the large
+    // window's: no word count on the main window, no MP3, no exit.
+    EXPECT_EQ(QStringList({card->word_lbl->text(), card->num_lbl->text(), card->repeat_lbl->text(),
+                           card->speed_lbl->text(), p.main()->Label8->text()}),
+              QStringList({"palabra" + QString::number(s.current_index), "3 words remain on this list", "1 of 3",
+                           "0.2 sec", "3 Unknown Words"}));
+    for (const char* name : {"delay_top", "delay_bottom", "create_mp3", "auto_mp3", "exit_btn"})
+        EXPECT_EQ(card->findChild<QWidget*>(name), nullptr) << name;
+    EXPECT_EQ(captions(card, {"next_word", "say_bottom", "speak_both", "change_speed", "resume"}),
+              QStringList({"Next", "Top Only", "Say Both", "Speed", "Resume"}));
+
+    // Closed by its frame: the main window comes back.
+    card->close();
+    EXPECT_TRUE(p.main()->isVisible());
+    EXPECT_EQ(s.stop_flag, "yes");
+}
+
+TEST(SmallFlashCard, EightMissingRecordingsInARowStopIt)
+{
+    Program p;
+    openCourse(p, 3, false);
+    Session& s = p.session();
+    s.say_mode = "no";
+    s.repeat_count = 1;
+    p.main()->small_flash_click();
+    EXPECT_EQ(p.prompts.texts().last(), "Not enough files had sound files");
+    EXPECT_EQ(s.missing_sound_count, 0);
+
+    // Seven misses still let a card play; the eighth stops the next draw.
+    s.missing_sound_count = 8;
+    smallCard()->num_lbl->clear();
+    smallCard()->playwords();
+    EXPECT_EQ(smallCard()->num_lbl->text(), "");
+    s.missing_sound_count = 7;
+    smallCard()->playwords();
+    EXPECT_EQ(smallCard()->num_lbl->text(), "3 words remain on this list");
+    EXPECT_EQ(p.prompts.texts().count("Not enough files had sound files"), 3);
+    smallCard()->close();
+
+    // The large cards never give up on missing recordings.
+    p.prompts.shown.clear();
+    const double started = p.clock.now;
+    p.clock.at(60.0, [] { Program::press("qvplay", "pause"); });
+    p.main()->flash_cards_click();
+    EXPECT_TRUE(p.prompts.texts().isEmpty());
+    EXPECT_GE(p.clock.now - started, 60.0);
+}
+
+TEST(SmallFlashCard, ItsBoxesHaveTheirOwnWordsAndLimits)
+{
+    Program p;
+    openCourse(p);
+    Session& s = p.session();
+    auto* card = new SmallFlashWindow(s, p.main());
+    s.silence_count = 9;
+    p.prompts.shown.clear();
+    for (const char* answer : {"20", "0.5", "abc", "2"})
+        p.prompts.push(QString(answer));
+
+    // Refused speeds fall back to 0.1 here (0.2 on the large cards), and the silence is left alone.
+    for (const float speed : {0.1f, 0.5f, 0.5f}) {
+        card->change_speed_click();
+        EXPECT_FLOAT_EQ(s.speed, speed);
+    }
+    EXPECT_EQ(s.silence_count, 9);
+    card->interlace_click();
+    EXPECT_EQ(s.interlace_count, 2);
+    EXPECT_EQ(s.say_mode, "interlace");
+    card->say_bottom_click();
+    EXPECT_EQ(s.say_mode, "no");
+
+    const QString speed = "How long should the pause between words be (in seconds)? Use 0.1 for a quick speed and 2 "
+                          "for slow. For phrases, it needs to be 1 or higher.";
+    EXPECT_EQ(p.prompts.texts(),
+              QStringList({speed, "That was less than 0.01 or more than 10. It's been set to .1 second.", speed, speed,
+                           "How many times should the top word be played before the bottom word is played?   This "
+                           "works only if both languages are installed.",
+                           "This plays just the top word."}));
+    EXPECT_EQ(p.prompts.shown[0].title, "Speed Bump");
 }

@@ -1,15 +1,34 @@
 #pragma once
 
-// Helpers shared by the tests: a throw-away program folder and byte-level file access.
+// Helpers shared by the tests: a throw-away program folder with byte-level file access, the program
+// started on the test doubles, a small course with a recording for every word, and running a tool.
+
+#include "app/list_box.h"
+#include "app/main_window.h"
+#include "app/session.h"
+
+#include "quorvane/testing.h"
 
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
+#include <QPushButton>
 #include <QString>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <ostream>
+
+// Readable failure messages for the texts compared everywhere.
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
 
 namespace quorvane::test {
 
@@ -41,5 +60,168 @@ public:
 private:
     QTemporaryDir m_dir;
 };
+
+// length bytes that change from one to the next, as recorded samples do.
+inline QByteArray patternBytes(int length)
+{
+    QByteArray bytes(length, '\0');
+    for (int i = 0; i < length; ++i)
+        bytes[i] = static_cast<char>((i * 37 + 11) & 0xFF);
+    return bytes;
+}
+
+// count copies of line, each ended with CR LF.
+inline QByteArray repeatedLines(const QByteArray& line, int count)
+{
+    QByteArray bytes;
+    for (int i = 0; i < count; ++i)
+        bytes += line + "\r\n";
+    return bytes;
+}
+
+// Runs a command-line tool to its end: its exit code (-1 when it does not finish in a minute), with
+// its standard output and error output where asked for.
+inline int runTool(const QString& program, const QStringList& arguments, QByteArray* output = nullptr,
+                   QString* errors = nullptr)
+{
+    QProcess process;
+    process.start(program, arguments);
+    const bool finished = process.waitForFinished(60000);
+    if (output)
+        *output = process.readAllStandardOutput();
+    const QString complaints = QString::fromUtf8(process.readAllStandardError());
+    if (errors)
+        *errors = complaints;
+    if (!finished || process.exitCode() != 0)
+        ADD_FAILURE() << program.toStdString() << " failed: " << complaints.toStdString();
+    return finished ? process.exitCode() : -1;
+}
+
+// The texts of a list box, top to bottom.
+inline QStringList items(const QListWidget* box)
+{
+    QStringList texts;
+    for (int i = 0; i < box->count(); ++i)
+        texts.append(box->item(i)->text());
+    return texts;
+}
+
+// Every box shown so far as "kind|title|text".
+inline QStringList boxes(const ScriptedPrompts& prompts)
+{
+    QStringList texts;
+    for (const ShownBox& box : prompts.shown)
+        texts.append(box.kind + "|" + box.title + "|" + box.text);
+    return texts;
+}
+
+// The captions of the buttons of a window, by name.
+inline QStringList captions(const QWidget* window, const QStringList& names)
+{
+    QStringList texts;
+    for (const QString& name : names) {
+        const auto* button = window->findChild<QPushButton*>(name);
+        texts.append(button ? button->text() : "(no " + name + ")");
+    }
+    return texts;
+}
+
+// A FakeSound that runs onPlay with the path of every sound as it starts.
+class HookedSound : public FakeSound
+{
+public:
+    int playSound(int channel, int sample) override
+    {
+        const int handle = FakeSound::playSound(channel, sample);
+        if (handle != 0 && onPlay)
+            onPlay(played.last());
+        return handle;
+    }
+    std::function<void(const QString& path)> onPlay;
+};
+
+// The program started on the test doubles in its own program folder; kestrin answers the name box.
+struct Program
+{
+    ProgramFolder folder;
+    ScriptedPrompts prompts{{QString("kestrin")}};
+    HookedSound sound;
+    SoundLibrary* library = &sound; // the sound library start() is given
+    FakeClock clock;
+    std::unique_ptr<QWidget> window;
+
+    // Starts the program on what the folder holds, then chooses language when one is named.
+    MainWindow* start(const QString& language = QString())
+    {
+        window.reset(quorvane::start(folder.path(), &prompts, library, &clock));
+        if (!language.isEmpty())
+            choose(main()->lang_list, language);
+        return main();
+    }
+    MainWindow* main() const { return static_cast<MainWindow*>(window.get()); }
+    Session& session() const { return sessionOf(window.get()); }
+    // A path below the languages folder, as the sound library is given it.
+    QString played(const QString& relative) const { return session().languages_folder + relative; }
+
+    // Selects the row of box that shows text, as a click would.
+    static void choose(ListBox* box, const QString& text)
+    {
+        const auto found = box->findItems(text, Qt::MatchExactly);
+        ASSERT_EQ(found.size(), 1) << text.toStdString();
+        select_row(box, box->row(found.first()));
+    }
+    // Clicks a button of the visible window windowName.
+    static void press(const char* windowName, const char* button)
+    {
+        QWidget* target = quorvane::window(windowName);
+        ASSERT_NE(target, nullptr) << windowName;
+        ASSERT_NE(target->findChild<QPushButton*>(button), nullptr) << button;
+        target->findChild<QPushButton*>(button)->click();
+    }
+    // Pauses the cards of windowName as the count-th sound starts.
+    void pauseAtSound(qsizetype count, const char* windowName = "qvplay")
+    {
+        sound.onPlay = [this, count, windowName](const QString&) {
+            if (sound.played.size() == count)
+                press(windowName, "pause");
+        };
+    }
+};
+
+// The course: word i of the Spanish list "words" is palabra<i>|word<i>|01<iii>, its recording
+// W<i>, paired with the English recording 02<iii> of bytes T<i>.
+inline QString spanishPath(int i)
+{
+    return QStringLiteral("spanish/01/01%1.mp3").arg(i, 3, 10, QLatin1Char('0'));
+}
+inline QString englishPath(int i)
+{
+    return QStringLiteral("english/02/02%1.mp3").arg(i, 3, 10, QLatin1Char('0'));
+}
+inline QByteArray courseEntry(int i)
+{
+    return QStringLiteral("palabra%1|word%1|01%2\r\n").arg(i).arg(i, 3, 10, QLatin1Char('0')).toLatin1();
+}
+
+// Writes the course of words words into the program's folder, starts it with the list shown.
+inline void openCourse(Program& program, int words = 3, bool recordings = true)
+{
+    QByteArray list;
+    QByteArray pairs;
+    for (int i = 0; i < words; ++i) {
+        list += courseEntry(i);
+        pairs += QStringLiteral("01%1|02%1\r\n").arg(i, 3, 10, QLatin1Char('0')).toLatin1();
+        if (recordings) {
+            program.folder.write("languages/" + spanishPath(i), "W" + QByteArray::number(i));
+            program.folder.write("languages/" + englishPath(i), "T" + QByteArray::number(i));
+        }
+    }
+    program.folder.write("languages/spanish/words.txt", list);
+    program.folder.write("languages/spanish/trans_spanish.dat", "english\r\n");
+    program.folder.write("languages/spanish/trans_index_spanish_english.dat", pairs);
+    program.folder.mkdir("languages/english");
+    program.start("spanish");
+    select_row(program.main()->lists_list, 0);
+}
 
 } // namespace quorvane::test
