@@ -1,56 +1,34 @@
-#include "app/list_box.h"
-#include "app/main_window.h"
-#include "app/session.h"
 #include "test_support.h"
 
-#include "quorvane/testing.h"
-
-#include <QApplication>
-#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
 using namespace quorvane;
-using quorvane::test::ProgramFolder;
+using quorvane::test::items;
+using quorvane::test::Program;
 
 namespace {
 
-QStringList items(const QListWidget* box)
+// The language, its target, and the files that go with them, below the languages folder.
+QStringList languageFiles(const Session& s)
 {
-    QStringList texts;
-    for (int i = 0; i < box->count(); ++i)
-        texts.append(box->item(i)->text());
-    return texts;
+    QStringList files{s.current_language, s.target_language};
+    for (const QString& path : {s.master_file, s.trans_file, s.target_master_file, s.trans_index_file})
+        files.append(QString(path).remove(QDir::currentPath() + "/languages/"));
+    return files;
 }
 
-struct Started
-{
-    ScriptedPrompts prompts{{QString("kestrin")}};
-    FakeSound sound;
-    FakeClock clock;
-    std::unique_ptr<QWidget> window;
+} // namespace
 
-    explicit Started(const ProgramFolder& folder) : window(start(folder.path(), &prompts, &sound, &clock)) {}
-    MainWindow* main() const { return static_cast<MainWindow*>(window.get()); }
-    Session& session() const { return sessionOf(window.get()); }
-    // Selects a language by name, as a click would.
-    void chooseLanguage(const QString& name) const
-    {
-        const auto found = main()->lang_list->findItems(name, Qt::MatchExactly);
-        ASSERT_EQ(found.size(), 1) << name.toStdString();
-        select_row(main()->lang_list, main()->lang_list->row(found.first()));
-    }
-};
-
-// Three languages: spanish pairs with english, english has no pairing, german has no trans file.
-void writeLanguages(const ProgramFolder& folder)
+TEST(LanguageSelection, ChoosingALanguageListsItsListsSweepsEmptyFilesAndLoadsThePairing)
 {
+    // Three languages: spanish pairs with english, english has no pairing, german has no trans file.
+    Program p;
+    const auto& folder = p.folder;
     folder.write("languages/spanish/food.txt", "comer|to eat|01436\r\n");
-    folder.write("languages/spanish/verbs.txt", "ir|to go|01500\r\n");
+    folder.write("languages/spanish/Verbs.txt", "ir|to go|01500\r\n");
     folder.write("languages/spanish/master_spanish.txt", "comer|to eat|01436\r\n");
     folder.write("languages/spanish/master_english.txt", "eat|comer|00217\r\n");
     folder.write("languages/spanish/tiny.txt", "x");
@@ -63,44 +41,28 @@ void writeLanguages(const ProgramFolder& folder)
     folder.write("languages/german/colours.txt", "rot|red|00300\r\n");
     folder.write("users/kestrin/spanish/food-k.txt", "comer|to eat|01436\r\n");
     folder.write("users/kestrin/spanish/old-k.txt", "x");
+    folder.write("users/kestrin/spanish/two-k.txt", "ab");
     folder.write("users/kestrin/spanish/notes.txt", "not a known list\r\n");
-}
-
-} // namespace
-
-TEST(LanguageSelection, ChoosingALanguageListsItsListsSweepsEmptyFilesAndLoadsThePairing)
-{
-    ProgramFolder folder;
-    writeLanguages(folder);
-    Started started(folder);
-    MainWindow* main = started.main();
-    Session& s = started.session();
-    const QString languages = QDir::currentPath() + "/languages/";
+    MainWindow* main = p.start();
+    Session& s = p.session();
 
     // The first language is chosen at start; it has no trans file, so there is no target yet.
-    EXPECT_EQ(s.current_language, "english");
-    EXPECT_EQ(s.target_language, "");
-    EXPECT_TRUE(main->txt_word_search->isVisible());
-    EXPECT_TRUE(main->txt_word_search2->isVisible());
-    EXPECT_TRUE(main->Label9->isVisible());
+    EXPECT_EQ(languageFiles(s).mid(0, 2), QStringList({"english", ""}));
+    EXPECT_TRUE(main->txt_word_search->isVisible() && main->txt_word_search2->isVisible() && main->Label9->isVisible());
 
-    started.chooseLanguage("spanish");
-    EXPECT_EQ(s.current_language, "spanish");
-    // Files of under 2 bytes are deleted, the language's own master file is no list, but another
-    // language's master file and an upper-case extension are looked at as any other name.
-    EXPECT_EQ(items(main->lists_list), QStringList({"food", "master_english", "verbs"}));
-    EXPECT_FALSE(folder.exists("languages/spanish/tiny.txt"));
-    EXPECT_FALSE(folder.exists("languages/spanish/empty.txt"));
+    Program::choose(main->lang_list, "spanish");
+    // Listed in name order whatever the case; files of under 2 bytes are deleted; the language's own
+    // master file is no list, but another language's master file is; only ".txt" names count.
+    EXPECT_EQ(items(main->lists_list), QStringList({"food", "master_english", "Verbs"}));
+    EXPECT_FALSE(folder.exists("languages/spanish/tiny.txt") || folder.exists("languages/spanish/empty.txt"));
     EXPECT_TRUE(folder.exists("languages/spanish/notes.TXT"));
-    EXPECT_EQ(items(main->known_lists), QStringList({"food"}));
+    EXPECT_EQ(items(main->known_lists), QStringList({"food", "two"}));
     EXPECT_FALSE(folder.exists("users/kestrin/spanish/old-k.txt"));
     EXPECT_TRUE(QFileInfo(folder.file("users/kestrin/english")).isDir());
 
-    EXPECT_EQ(s.master_file, languages + "spanish/master_spanish.txt");
-    EXPECT_EQ(s.trans_file, languages + "spanish/trans_spanish.dat");
-    EXPECT_EQ(s.target_language, "english");
-    EXPECT_EQ(s.target_master_file, languages + "english/master_english.txt");
-    EXPECT_EQ(s.trans_index_file, languages + "spanish/trans_index_spanish_english.dat");
+    EXPECT_EQ(languageFiles(s),
+              QStringList({"spanish", "english", "spanish/master_spanish.txt", "spanish/trans_spanish.dat",
+                           "english/master_english.txt", "spanish/trans_index_spanish_english.dat"}));
     EXPECT_EQ(s.target_sound_numbers.size(), kSoundNumberSlots);
     EXPECT_EQ(s.target_sound_numbers.at(1436), "00217");
     EXPECT_EQ(s.target_sound_numbers.at(17), "00500"); // a later line for the same slot wins
@@ -108,48 +70,40 @@ TEST(LanguageSelection, ChoosingALanguageListsItsListsSweepsEmptyFilesAndLoadsTh
     // Open a list, then choose a language without a trans file: nothing is shown any more and the
     // previous target and its pairings stay in force.
     select_row(main->lists_list, 2);
-    EXPECT_EQ(s.current_list, "verbs");
+    EXPECT_EQ(s.current_list, "Verbs");
     EXPECT_EQ(main->words_list->count(), 1);
-    started.chooseLanguage("german");
+    Program::choose(main->lang_list, "german");
     EXPECT_EQ(s.shown_file, "");
-    EXPECT_EQ(main->words_list->count(), 0);
-    EXPECT_EQ(main->words_liste->count(), 0);
+    EXPECT_EQ(items(main->words_list) + items(main->words_liste) + items(main->known_lists), QStringList());
     EXPECT_EQ(items(main->lists_list), QStringList({"colours"}));
-    EXPECT_EQ(main->known_lists->count(), 0);
     EXPECT_TRUE(QFileInfo(folder.file("users/kestrin/german")).isDir());
-    EXPECT_EQ(s.master_file, languages + "german/master_german.txt");
-    EXPECT_EQ(s.trans_file, languages + "german/trans_german.dat");
-    EXPECT_EQ(s.target_language, "english");
-    EXPECT_EQ(s.trans_index_file, languages + "spanish/trans_index_spanish_english.dat");
+    EXPECT_EQ(languageFiles(s), QStringList({"german", "english", "german/master_german.txt", "german/trans_german.dat",
+                                             "english/master_english.txt", "spanish/trans_index_spanish_english.dat"}));
     EXPECT_EQ(s.target_sound_numbers.at(1436), "00217");
-    EXPECT_TRUE(started.prompts.shown.size() == 1); // only the name was asked
+    EXPECT_EQ(p.prompts.shown.size(), 1); // only the name was asked
 }
 
 TEST(LanguageSelection, AnEmptyTransFileGivesAnEmptyTargetAndABadPairingLineIsReported)
 {
-    ProgramFolder folder;
-    folder.write("languages/basque/words.txt", "bat|one|00001\r\n");
-    folder.write("languages/basque/trans_basque.dat", "\r\n");
-    folder.write("languages/welsh/words.txt", "un|one|00001\r\n");
-    folder.write("languages/welsh/trans_welsh.dat", "english\r\n");
-    folder.write("languages/welsh/trans_index_welsh_english.dat", "00001|00100\r\n\r\n");
-    Started started(folder);
-    Session& s = started.session();
-    const QString languages = QDir::currentPath() + "/languages/";
-
-    EXPECT_EQ(s.current_language, "basque");
-    EXPECT_EQ(s.target_language, "");
-    EXPECT_EQ(s.target_master_file, languages + "/master_.txt");
-    EXPECT_EQ(s.trans_index_file, languages + "basque/trans_index_basque_.dat");
+    Program p;
+    p.folder.write("languages/basque/words.txt", "bat|one|00001\r\n");
+    p.folder.write("languages/basque/trans_basque.dat", "\r\n");
+    p.folder.write("languages/welsh/words.txt", "un|one|00001\r\n");
+    p.folder.write("languages/welsh/trans_welsh.dat", "english\r\n");
+    p.folder.write("languages/welsh/trans_index_welsh_english.dat", "00001|00100\r\n\r\n");
+    MainWindow* main = p.start();
+    Session& s = p.session();
+    EXPECT_EQ(languageFiles(s), QStringList({"basque", "", "basque/master_basque.txt", "basque/trans_basque.dat",
+                                             "/master_.txt", "basque/trans_index_basque_.dat"}));
 
     // An empty pairing line stops the load with a message naming the file; the window stays up and
     // the table is not half filled.
-    started.chooseLanguage("welsh");
-    ASSERT_EQ(started.prompts.shown.size(), 2);
-    EXPECT_EQ(started.prompts.shown[1].kind, "message");
-    EXPECT_TRUE(started.prompts.shown[1].text.contains("trans_index_welsh_english.dat"))
-        << started.prompts.shown[1].text.toStdString();
+    Program::choose(main->lang_list, "welsh");
+    ASSERT_EQ(p.prompts.shown.size(), 2);
+    EXPECT_EQ(p.prompts.shown[1].kind, "message");
+    EXPECT_TRUE(p.prompts.shown[1].text.contains("trans_index_welsh_english.dat"))
+        << p.prompts.shown[1].text.toStdString();
     EXPECT_EQ(s.target_sound_numbers.at(1), "");
-    EXPECT_EQ(items(started.main()->lists_list), QStringList({"words"}));
-    EXPECT_TRUE(started.main()->isVisible());
+    EXPECT_EQ(items(main->lists_list), QStringList({"words"}));
+    EXPECT_TRUE(main->isVisible());
 }
