@@ -1,16 +1,13 @@
 #include "sound/playback.h"
 
-#include "app/session.h"
-#include "quorvane/testing.h"
 #include "sound/cipher.h"
 #include "test_support.h"
-
-#include <QDir>
 
 #include <gtest/gtest.h>
 
 namespace {
 
+using namespace quorvane;
 using quorvane::test::ProgramFolder;
 
 // A session over the test doubles, with the program folder as the current directory.
@@ -19,75 +16,73 @@ class Playback : public ::testing::Test
 protected:
     Playback() : session(prompts, sound, clock)
     {
-        m_previous = QDir::currentPath();
         QDir::setCurrent(folder.path());
         session.languages_folder = folder.path() + "/languages/";
         session.showSoundCaption = [this](const QString& caption) { captions.append(caption); };
     }
     ~Playback() override { QDir::setCurrent(m_previous); }
 
-    QString mp3(const QString& number) const
+    // The path of a Spanish recording, written with bytes when they are given.
+    QString mp3(const QString& number, const QByteArray& bytes = QByteArray()) const
     {
-        return session.languages_folder + "spanish/" + number.left(2) + "/" + number + ".mp3";
-    }
-    void addMp3(const QString& number, const QByteArray& bytes = "ID3 word") const
-    {
-        folder.write("languages/spanish/" + number.left(2) + "/" + number + ".mp3", bytes);
+        const QString relative = "spanish/" + number.left(2) + "/" + number + ".mp3";
+        if (!bytes.isEmpty())
+            folder.write("languages/" + relative, bytes);
+        return session.languages_folder + relative;
     }
     // Seconds of virtual time one say_word takes.
     double timedSay(const QString& number)
     {
         const double before = clock.now;
-        quorvane::say_word(session, number, "spanish");
+        say_word(session, number, "spanish");
         return clock.now - before;
     }
 
     ProgramFolder folder;
-    quorvane::ScriptedPrompts prompts;
-    quorvane::FakeSound sound;
-    quorvane::FakeClock clock;
-    quorvane::Session session;
+    ScriptedPrompts prompts;
+    FakeSound sound;
+    FakeClock clock;
+    Session session;
     QStringList captions;
 
 private:
-    QString m_previous;
+    QString m_previous = QDir::currentPath();
 };
 
-TEST_F(Playback, ShortSpeedPausesTheSameWhateverTheSoundsLength)
+TEST_F(Playback, ShortSpeedsPauseTheSameLongOnesAwaitTheEndAndAStopCutsBoth)
 {
-    addMp3("01000");
-    addMp3("01001");
-    sound.durations.insert(mp3("01000"), 5.0);
-    sound.durations.insert(mp3("01001"), 0.1);
-    session.speed = 0.2f;
-
-    EXPECT_NEAR(timedSay("01000"), 1.0, 0.03);
-    EXPECT_NEAR(timedSay("01001"), 1.0, 0.03);
-    EXPECT_EQ(sound.played, QStringList({mp3("01000"), mp3("01001")}));
-    EXPECT_EQ(captions, QStringList({"File # 01000", "File # 01001"}));
+    // Below a speed of 1.5 s the wait is 0.8 s plus the speed, however long the sound; from 1.5 s on
+    // the sound plays out and the speed follows. Only an exact "yes" stops.
+    const struct
+    {
+        const char* number;
+        double length;
+        float speed;
+        const char* stop;
+        double seconds;
+    } cases[] = {{"01000", 5.0, 0.2f, "", 1.0},
+                 {"01001", 0.1, 0.2f, "", 1.0},
+                 {"02000", 2.0, 1.5f, "", 3.5},
+                 {"02001", 0.5, 2.0f, "Yes", 2.5}};
+    QStringList paths;
+    for (const auto& c : cases) {
+        paths.append(mp3(c.number, "ID3"));
+        sound.durations.insert(paths.last(), c.length);
+        session.speed = c.speed;
+        session.stop_flag = c.stop;
+        EXPECT_NEAR(timedSay(c.number), c.seconds, 0.03) << c.number;
+    }
+    EXPECT_EQ(sound.played, paths);
+    EXPECT_EQ(captions, QStringList({"File # 01000", "File # 01001", "File # 02000", "File # 02001"}));
     EXPECT_NE(session.sound_channel, 0);
     EXPECT_TRUE(prompts.shown.isEmpty());
-}
-
-TEST_F(Playback, LongSpeedAwaitsTheEndThenPausesAndStopCutsBoth)
-{
-    addMp3("02000");
-    sound.durations.insert(mp3("02000"), 2.0);
-    session.speed = 1.5f;
-    EXPECT_NEAR(timedSay("02000"), 3.5, 0.05);
-    EXPECT_EQ(sound.played, QStringList({mp3("02000")}));
 
     // A stop while a long sound plays ends at once, without the pause after it.
     sound.durations.insert(mp3("02000"), 10.0);
-    session.speed = 2.0f;
+    session.stop_flag = "";
     clock.at(3.0, [this] { session.stop_flag = "yes"; });
     EXPECT_NEAR(timedSay("02000"), 3.0, 0.05);
-    EXPECT_EQ(sound.played.size(), 2);
-
-    // Only an exact "yes" counts: "Yes" lets the sound and the pause run out.
-    session.stop_flag = "Yes";
-    sound.durations.insert(mp3("02000"), 0.5);
-    EXPECT_NEAR(timedSay("02000"), 2.5, 0.05);
+    EXPECT_EQ(sound.played.size(), 5);
 }
 
 TEST_F(Playback, MissingFileWaitsOneSecondPlusSpeedAndCounts)
@@ -100,14 +95,13 @@ TEST_F(Playback, MissingFileWaitsOneSecondPlusSpeedAndCounts)
     EXPECT_TRUE(sound.played.isEmpty());
     EXPECT_TRUE(prompts.shown.isEmpty());
     EXPECT_EQ(captions.last(), "File # 03001");
-
-    addMp3("03002");
+    mp3("03002", "ID3");
     timedSay("03002");
     EXPECT_EQ(session.missing_sound_count, 0);
 
     // An empty sound number does nothing at all.
     const long events = clock.processed;
-    quorvane::say_word(session, "", "spanish");
+    say_word(session, "", "spanish");
     EXPECT_EQ(clock.processed, events);
     EXPECT_EQ(captions.size(), 3);
     EXPECT_EQ(session.missing_sound_count, 0);
@@ -115,14 +109,13 @@ TEST_F(Playback, MissingFileWaitsOneSecondPlusSpeedAndCounts)
 
 TEST_F(Playback, Mp3CaptureAppendsTheWordAndSilencesInsteadOfPlaying)
 {
-    addMp3("04000", "WORD-BYTES");
+    mp3("04000", "WORD-BYTES");
     folder.write("silence.mp3", QByteArray("SIL\0", 4));
     folder.write("out_file.mp3", "HEAD");
     session.mp3_words_left = 1;
     session.silence_count = 4;
     session.speed = 3.0f;
-
-    quorvane::say_word(session, "04000", "spanish");
+    say_word(session, "04000", "spanish");
     EXPECT_EQ(folder.read("out_file.mp3"), QByteArray("HEADWORD-BYTES\r\nSIL\0\r\nSIL\0\r\nSIL\0\r\nSIL\0\r\n", 40));
     EXPECT_TRUE(sound.played.isEmpty());
     EXPECT_EQ(clock.processed, 0);
@@ -131,26 +124,35 @@ TEST_F(Playback, Mp3CaptureAppendsTheWordAndSilencesInsteadOfPlaying)
     // No silence when the count is 0 or less; a missing word file appends nothing but silence.
     QFile::remove(folder.file("out_file.mp3"));
     session.silence_count = -1;
-    quorvane::say_word(session, "04000", "spanish");
+    say_word(session, "04000", "spanish");
     EXPECT_EQ(folder.read("out_file.mp3"), QByteArray("WORD-BYTES\r\n"));
     session.silence_count = 1;
-    quorvane::say_word(session, "04999", "spanish");
+    say_word(session, "04999", "spanish");
     EXPECT_EQ(folder.read("out_file.mp3"), QByteArray("WORD-BYTES\r\nSIL\0\r\n", 18));
     EXPECT_EQ(session.missing_sound_count, 1);
+
+    // append_file copies any bytes and swallows its errors.
+    folder.write("a.bin", QByteArray("\x00\xff\r", 3));
+    append_file(folder.file("a.bin"), folder.file("new.mp3"));
+    append_file(folder.file("a.bin"), folder.file("new.mp3"));
+    EXPECT_EQ(folder.read("new.mp3"), QByteArray("\x00\xff\r\r\n\x00\xff\r\r\n", 10));
+    append_file(folder.file("absent.bin"), folder.file("other.mp3"));
+    EXPECT_FALSE(folder.exists("other.mp3"));
+    append_file(folder.file("a.bin"), folder.file("no/such/folder/x.mp3"));
+    EXPECT_FALSE(folder.exists("no/such/folder/x.mp3"));
 }
 
 TEST_F(Playback, NewRecordingPlaysThroughATemporaryWavEvenInCapture)
 {
     folder.write("languages/spanish/new_str/01/01436.tmp", QByteArray(30870, '\x11'));
-    ASSERT_TRUE(quorvane::encipher_file(folder.file("languages/spanish/new_str/01/01436.tmp"),
-                                        folder.file("languages/spanish/new_str/01/01436.str")));
+    ASSERT_TRUE(encipher_file(folder.file("languages/spanish/new_str/01/01436.tmp"),
+                              folder.file("languages/spanish/new_str/01/01436.str")));
     QFile::remove(folder.file("languages/spanish/new_str/01/01436.tmp"));
     session.record_window_playing = true;
     session.mp3_words_left = 2;
     session.silence_count = 2;
     session.speed = 0.2f;
-
-    quorvane::say_word(session, "01436", "spanish");
+    say_word(session, "01436", "spanish");
     const QString wav = session.languages_folder + "spanish/new_str/01/01436.wav";
     EXPECT_EQ(sound.played, QStringList({wav}));
     EXPECT_FALSE(QFile::exists(wav));
@@ -162,16 +164,27 @@ TEST_F(Playback, NewRecordingPlaysThroughATemporaryWavEvenInCapture)
     session.record_window_playing = false;
     QString str = folder.file("languages/spanish/new_str/01/01436.str");
     const long events = clock.processed;
-    quorvane::play_sound_file(session, str);
+    play_sound_file(session, str);
+    EXPECT_EQ(sound.played.size(), 1);
+    EXPECT_EQ(clock.processed, events);
+
+    // While a recording session runs nothing plays, but a temporary WAV is still deleted.
+    mp3("06000", "ID3");
+    folder.write("left.wav", "RIFF");
+    session.recording_active = "yes";
+    EXPECT_EQ(timedSay("06000"), 0.0);
+    QString left = folder.file("left.wav");
+    play_sound_file(session, left);
+    EXPECT_FALSE(folder.exists("left.wav"));
     EXPECT_EQ(sound.played.size(), 1);
     EXPECT_EQ(clock.processed, events);
 }
 
 TEST_F(Playback, LibraryFailuresAreShownAndThePauseStillHappens)
 {
-    addMp3("05000");
+    mp3("05000", "ID3");
     session.speed = 0.2f;
-    sound.loadError = quorvane::kSoundLoadFailed;
+    sound.loadError = kSoundLoadFailed;
     EXPECT_NEAR(timedSay("05000"), 1.0, 0.03);
     EXPECT_EQ(
         prompts.texts(),
@@ -181,55 +194,41 @@ TEST_F(Playback, LibraryFailuresAreShownAndThePauseStillHappens)
 
     prompts.shown.clear();
     sound.loadError = 0;
-    sound.playError = quorvane::kSoundNoFreeChannel;
+    sound.playError = kSoundNoFreeChannel;
     EXPECT_NEAR(timedSay("05000"), 1.0, 0.03);
     EXPECT_EQ(prompts.texts(),
               QStringList({"An error occured playing the sample!\r\nFailed to allocate a new channel"}));
     EXPECT_EQ(session.sound_channel, 0);
 }
 
-TEST_F(Playback, NothingPlaysWhileRecordingButATemporaryWavIsStillDeleted)
-{
-    addMp3("06000");
-    folder.write("left.wav", "RIFF");
-    session.recording_active = "yes";
-    session.speed = 0.2f;
-    EXPECT_EQ(timedSay("06000"), 0.0);
-    QString wav = folder.file("left.wav");
-    quorvane::play_sound_file(session, wav);
-    EXPECT_FALSE(folder.exists("left.wav"));
-    EXPECT_TRUE(sound.played.isEmpty());
-    EXPECT_EQ(clock.processed, 0);
-}
-
 TEST_F(Playback, WaitSecondsEndsOnTimeOrOnAnExactFlag)
 {
-    quorvane::wait_seconds(session, 0.0f);
-    quorvane::wait_seconds(session, -2.0f);
+    wait_seconds(session, 0.0f);
+    wait_seconds(session, -2.0f);
     EXPECT_EQ(clock.processed, 0);
 
     const double start = clock.now;
-    quorvane::wait_seconds(session, 0.5f);
+    wait_seconds(session, 0.5f);
     EXPECT_NEAR(clock.now - start, 0.5, 0.011);
     EXPECT_GE(clock.now - start, 0.5 - 1e-9);
 
     clock.at(0.3, [this] { session.skip_flag = "yes"; });
     const double skipped = clock.now;
-    quorvane::wait_seconds(session, 60.0f);
+    wait_seconds(session, 60.0f);
     EXPECT_NEAR(clock.now - skipped, 0.3, 0.011);
 
     const long events = clock.processed;
-    quorvane::wait_seconds(session, 60.0f);
+    wait_seconds(session, 60.0f);
     EXPECT_EQ(clock.processed, events);
     session.skip_flag = "no";
     session.stop_flag = "quit";
     const double unflagged = clock.now;
-    quorvane::wait_seconds(session, 0.2f);
+    wait_seconds(session, 0.2f);
     EXPECT_NEAR(clock.now - unflagged, 0.2, 0.011);
 }
 
 // A timer that falls back to 0 at midnight, as the system timer does.
-class MidnightClock : public quorvane::Clock
+class MidnightClock : public Clock
 {
 public:
     double timer() override { return seconds >= 86400.0 ? seconds - 86400.0 : seconds; }
@@ -241,31 +240,18 @@ public:
     }
     double seconds = 86399.5;
     int calls = 0;
-    quorvane::Session* session = nullptr;
+    Session* session = nullptr;
 };
 
 TEST(PlaybackMidnight, AWaitAcrossMidnightRunsOnUntilAFlagEndsIt)
 {
-    quorvane::ScriptedPrompts prompts;
-    quorvane::FakeSound sound;
+    ScriptedPrompts prompts;
+    FakeSound sound;
     MidnightClock clock;
-    quorvane::Session session(prompts, sound, clock);
+    Session session(prompts, sound, clock);
     clock.session = &session;
-    quorvane::wait_seconds(session, 1.0f);
+    wait_seconds(session, 1.0f);
     EXPECT_EQ(clock.calls, 1000);
-}
-
-TEST(PlaybackAppend, AppendsBytesAndLineEndAndSwallowsErrors)
-{
-    ProgramFolder folder;
-    folder.write("a.bin", QByteArray("\x00\xff\r", 3));
-    quorvane::append_file(folder.file("a.bin"), folder.file("new.mp3"));
-    quorvane::append_file(folder.file("a.bin"), folder.file("new.mp3"));
-    EXPECT_EQ(folder.read("new.mp3"), QByteArray("\x00\xff\r\r\n\x00\xff\r\r\n", 10));
-    quorvane::append_file(folder.file("absent.bin"), folder.file("other.mp3"));
-    EXPECT_FALSE(folder.exists("other.mp3"));
-    quorvane::append_file(folder.file("a.bin"), folder.file("no/such/folder/x.mp3"));
-    EXPECT_FALSE(folder.exists("no/such/folder/x.mp3"));
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "test_support.h"
 
 #include <QElapsedTimer>
-#include <QProcess>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -12,8 +11,9 @@
 
 namespace {
 
-using quorvane::SdlSound;
+using namespace quorvane;
 using quorvane::test::ProgramFolder;
+using quorvane::test::runTool;
 
 constexpr int kRate = 22050;
 constexpr int kMixRate = 44100;
@@ -29,56 +29,43 @@ QByteArray littleEndian(quint32 value, int bytes)
 // A mono 16-bit PCM file of a 440 Hz tone, header written field by field.
 QByteArray toneWav(double seconds)
 {
-    const int frames = static_cast<int>(seconds * kRate);
     QByteArray samples;
-    for (int i = 0; i < frames; ++i) {
-        const auto value = static_cast<qint16>(8000 * std::sin(2 * M_PI * 440 * i / kRate));
-        samples += littleEndian(static_cast<quint16>(value), 2);
-    }
+    for (int i = 0; i < static_cast<int>(seconds * kRate); ++i)
+        samples +=
+            littleEndian(static_cast<quint16>(static_cast<qint16>(8000 * std::sin(2 * M_PI * 440 * i / kRate))), 2);
     return "RIFF" + littleEndian(samples.size() + 36, 4) + "WAVEfmt " + littleEndian(16, 4) + littleEndian(1, 2) +
            littleEndian(1, 2) + littleEndian(kRate, 4) + littleEndian(kRate * 2, 4) + littleEndian(2, 2) +
            littleEndian(16, 2) + "data" + littleEndian(samples.size(), 4) + samples;
 }
 
-bool run(const QString& program, const QStringList& arguments)
+int load(SdlSound& sound, const ProgramFolder& folder, const QString& name)
 {
-    QProcess process;
-    process.start(program, arguments);
-    const bool finished = process.waitForFinished(60000);
-    EXPECT_TRUE(finished && process.exitCode() == 0)
-        << program.toStdString() << ": " << process.readAllStandardError().toStdString();
-    return finished && process.exitCode() == 0;
+    return sound.sampleLoad(-1, folder.file(name), kPlaybackSampleMode, 0, 0);
 }
 
-// Waits, handling events, until the channel stops or the deadline passes; the seconds it took.
-double secondsUntilSilent(SdlSound& sound, int channel, int deadlineMilliseconds)
-{
-    QElapsedTimer elapsed;
-    elapsed.start();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !sound.isPlaying(channel); }, deadlineMilliseconds));
-    return elapsed.elapsed() / 1000.0;
-}
+} // namespace
 
 TEST(SdlSound, LoadsWavAndMp3PlaysThemTogetherAndTheyEnd)
 {
     ProgramFolder folder;
     folder.write("tone.wav", toneWav(1.0));
-    ASSERT_TRUE(run(
-        "sox", {"-n", "-r", "22050", "-c", "1", "-b", "16", folder.file("source.wav"), "synth", "1", "sine", "330"}));
-    ASSERT_TRUE(run("lame", {"--quiet", folder.file("source.wav"), folder.file("tone.mp3")}));
+    ASSERT_EQ(runTool("sox", {"-n", "-r", "22050", "-c", "1", "-b", "16", folder.file("source.wav"), "synth", "1",
+                              "sine", "330"}),
+              0);
+    ASSERT_EQ(runTool("lame", {"--quiet", folder.file("source.wav"), folder.file("tone.mp3")}), 0);
 
     SdlSound sound;
     ASSERT_TRUE(sound.available());
-    EXPECT_EQ(sound.sampleLoad(-1, folder.file("tone.wav"), quorvane::kPlaybackSampleMode, 0, 0), 0);
-    EXPECT_EQ(sound.getError(), quorvane::kSoundNotInitialised);
+    EXPECT_EQ(load(sound, folder, "tone.wav"), 0);
+    EXPECT_EQ(sound.getError(), kSoundNotInitialised);
     ASSERT_TRUE(sound.init(kMixRate, 64, 0)) << sound.getError();
     EXPECT_FALSE(sound.init(kMixRate, 64, 0));
     EXPECT_EQ(sound.getError(), 1);
 
-    const int wav = sound.sampleLoad(-1, folder.file("tone.wav"), quorvane::kPlaybackSampleMode, 0, 0);
+    const int wav = load(sound, folder, "tone.wav");
     ASSERT_NE(wav, 0) << sound.getError();
     EXPECT_EQ(sound.sampleGetLength(wav), kRate);
-    const int mp3 = sound.sampleLoad(-1, folder.file("tone.mp3"), quorvane::kPlaybackSampleMode, 0, 0);
+    const int mp3 = load(sound, folder, "tone.mp3");
     ASSERT_NE(mp3, 0) << sound.getError();
     EXPECT_NE(mp3, wav);
     // The encoder may add up to a few frames of padding around the second of sound.
@@ -95,8 +82,11 @@ TEST(SdlSound, LoadsWavAndMp3PlaysThemTogetherAndTheyEnd)
     EXPECT_FALSE(sound.isPlaying(0));
     EXPECT_FALSE(sound.isPlaying(65));
     // Both are heard through rather than dropped: neither ends within half its length.
-    EXPECT_GT(secondsUntilSilent(sound, first, 10000), 0.5);
-    secondsUntilSilent(sound, second, 10000);
+    QElapsedTimer elapsed;
+    elapsed.start();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !sound.isPlaying(first); }, 10000));
+    EXPECT_GT(elapsed.elapsed(), 500);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !sound.isPlaying(second); }, 10000));
 
     // Playing a channel chosen by its number gives that channel back.
     EXPECT_EQ(sound.playSound(5, wav), 6);
@@ -105,31 +95,39 @@ TEST(SdlSound, LoadsWavAndMp3PlaysThemTogetherAndTheyEnd)
     EXPECT_FALSE(sound.isPlaying(6));
 }
 
-TEST(SdlSound, ReportsMissingUnknownAndDamagedFilesAndFullChannels)
+TEST(SdlSound, ReportsNoDeviceMissingUnknownAndDamagedFilesAndFullChannels)
 {
+    const QByteArray driver = qgetenv("SDL_AUDIODRIVER");
+    qputenv("SDL_AUDIODRIVER", "no_such_driver");
+    {
+        SdlSound sound;
+        EXPECT_FALSE(sound.init(kMixRate, 64, 0));
+        EXPECT_EQ(sound.getError(), kSoundInitFailed);
+    }
+    qputenv("SDL_AUDIODRIVER", driver);
+
     ProgramFolder folder;
     folder.write("text.mp3", "this is not a recording\r\n");
     folder.write("damaged.wav", "RIFF" + littleEndian(16, 4) + "WAVEjunkjunkjunk");
     folder.write("long.wav", toneWav(3.0));
     SdlSound sound;
     ASSERT_TRUE(sound.init(kMixRate, 2, 0));
-
-    EXPECT_EQ(sound.sampleLoad(-1, folder.file("absent.mp3"), quorvane::kPlaybackSampleMode, 0, 0), 0);
-    EXPECT_EQ(sound.getError(), quorvane::kSoundFileNotFound);
-    EXPECT_EQ(sound.sampleLoad(-1, folder.file("text.mp3"), quorvane::kPlaybackSampleMode, 0, 0), 0);
-    EXPECT_EQ(sound.getError(), quorvane::kSoundUnknownFormat);
-    EXPECT_EQ(sound.sampleLoad(-1, folder.file("damaged.wav"), quorvane::kPlaybackSampleMode, 0, 0), 0);
-    EXPECT_EQ(sound.getError(), quorvane::kSoundLoadFailed);
+    const std::pair<const char*, int> failures[] = {
+        {"absent.mp3", kSoundFileNotFound}, {"text.mp3", kSoundUnknownFormat}, {"damaged.wav", kSoundLoadFailed}};
+    for (const auto& [name, error] : failures) {
+        EXPECT_EQ(load(sound, folder, name), 0) << name;
+        EXPECT_EQ(sound.getError(), error) << name;
+    }
     EXPECT_EQ(sound.playSound(-1, 0), 0);
-    EXPECT_EQ(sound.getError(), quorvane::kSoundInvalidParameter);
+    EXPECT_EQ(sound.getError(), kSoundInvalidParameter);
 
-    const int sample = sound.sampleLoad(-1, folder.file("long.wav"), quorvane::kPlaybackSampleMode, 0, 0);
+    const int sample = load(sound, folder, "long.wav");
     ASSERT_NE(sample, 0);
-    EXPECT_EQ(sound.getError(), quorvane::kSoundOk);
+    EXPECT_EQ(sound.getError(), kSoundOk);
     EXPECT_NE(sound.playSound(-1, sample), 0);
     EXPECT_NE(sound.playSound(-1, sample), 0);
     EXPECT_EQ(sound.playSound(-1, sample), 0);
-    EXPECT_EQ(sound.getError(), quorvane::kSoundNoFreeChannel);
+    EXPECT_EQ(sound.getError(), kSoundNoFreeChannel);
 }
 
 TEST(SdlSound, CacheReusesDecodedFilesAndStaysBounded)
@@ -140,30 +138,30 @@ TEST(SdlSound, CacheReusesDecodedFilesAndStaysBounded)
     SdlSound sound;
     ASSERT_TRUE(sound.init(kMixRate, 64, 0));
 
-    const int word = sound.sampleLoad(-1, folder.file("word.wav"), quorvane::kPlaybackSampleMode, 0, 0);
-    EXPECT_EQ(sound.sampleLoad(-1, folder.file("word.wav"), quorvane::kPlaybackSampleMode, 0, 0), word);
+    const int word = load(sound, folder, "word.wav");
+    EXPECT_EQ(load(sound, folder, "word.wav"), word);
     EXPECT_EQ(sound.cachedSampleCount(), 1);
     // A file rewritten with other contents is decoded again.
     folder.write("word.wav", toneWav(0.2));
-    const int rewritten = sound.sampleLoad(-1, folder.file("word.wav"), quorvane::kPlaybackSampleMode, 0, 0);
+    const int rewritten = load(sound, folder, "word.wav");
     EXPECT_NE(rewritten, word);
     EXPECT_EQ(sound.sampleGetLength(rewritten), kRate / 5);
 
-    const int playing = sound.sampleLoad(-1, folder.file("long.wav"), quorvane::kPlaybackSampleMode, 0, 0);
+    const int playing = load(sound, folder, "long.wav");
     const int channel = sound.playSound(-1, playing);
     ASSERT_NE(channel, 0);
     int last = 0;
     for (int i = 0; i < SdlSound::kMaxCachedSamples + 10; ++i) {
         const QString name = QStringLiteral("many%1.wav").arg(i);
         folder.write(name, toneWav(0.05));
-        last = sound.sampleLoad(-1, folder.file(name), quorvane::kPlaybackSampleMode, 0, 0);
+        last = load(sound, folder, name);
         ASSERT_NE(last, 0);
     }
     EXPECT_LE(sound.cachedSampleCount(), SdlSound::kMaxCachedSamples);
     EXPECT_LE(sound.cachedBytes(), SdlSound::kMaxCachedBytes);
     // The least recently used sample is gone; the newest and the one still playing stay.
     EXPECT_EQ(sound.sampleGetLength(word), 0);
-    EXPECT_EQ(sound.getError(), quorvane::kSoundInvalidParameter);
+    EXPECT_EQ(sound.getError(), kSoundInvalidParameter);
     EXPECT_EQ(sound.sampleGetLength(last), kRate / 20);
     EXPECT_EQ(sound.sampleGetLength(playing), kRate * 5);
     EXPECT_TRUE(sound.isPlaying(channel));
@@ -178,12 +176,12 @@ TEST(SdlSound, RecordsIntoAnAllocatedSample)
     SdlSound sound;
     ASSERT_TRUE(sound.init(kMixRate, 64, 0));
     const int length = 4410;
-    const int sample = sound.sampleAlloc(quorvane::kUnmanagedIndex, length, 0x30, kRate, 255, 128, 255);
+    const int sample = sound.sampleAlloc(kUnmanagedIndex, length, 0x30, kRate, 255, 128, 255);
     ASSERT_NE(sample, 0);
     EXPECT_EQ(sound.sampleGetLength(sample), length);
     EXPECT_EQ(sound.sampleRead(sample, 0, length * 2).size(), length * 2);
     EXPECT_TRUE(sound.sampleRead(sample, 2, length * 2).isEmpty());
-    EXPECT_EQ(sound.getError(), quorvane::kSoundInvalidParameter);
+    EXPECT_EQ(sound.getError(), kSoundInvalidParameter);
 
     EXPECT_FALSE(sound.recordStop());
     ASSERT_TRUE(sound.recordStartSample(sample, false)) << sound.getError();
@@ -196,17 +194,3 @@ TEST(SdlSound, RecordsIntoAnAllocatedSample)
     sound.sampleFree(sample);
     EXPECT_EQ(sound.sampleGetLength(sample), 0);
 }
-
-TEST(SdlSound, InitFailsWithNoOutputDevice)
-{
-    const QByteArray driver = qgetenv("SDL_AUDIODRIVER");
-    qputenv("SDL_AUDIODRIVER", "no_such_driver");
-    {
-        SdlSound sound;
-        EXPECT_FALSE(sound.init(kMixRate, 64, 0));
-        EXPECT_EQ(sound.getError(), quorvane::kSoundInitFailed);
-    }
-    qputenv("SDL_AUDIODRIVER", driver);
-}
-
-} // namespace

@@ -1,86 +1,135 @@
-#include "sound/sound_files.h"
-
-#include "app/session.h"
-#include "quorvane/testing.h"
 #include "sound/cipher.h"
+#include "sound/sound_error_text.h"
+#include "sound/sound_files.h"
 #include "test_support.h"
 
 #include <gtest/gtest.h>
 
+using namespace quorvane;
+using quorvane::test::patternBytes;
+using quorvane::test::ProgramFolder;
+using quorvane::test::runTool;
+
 namespace {
 
-using quorvane::test::ProgramFolder;
-
-QByteArray rawSamples(int length)
+// The openssl command line over one file with the program's fixed key and vector.
+QByteArray opensslBlowfish(const ProgramFolder& folder, const QString& input, const QString& output, bool decipher)
 {
-    QByteArray bytes(length, '\0');
-    for (int i = 0; i < length; ++i)
-        bytes[i] = static_cast<char>((i * 7 + 3) & 0xFF);
-    return bytes;
+    QStringList arguments{"enc"};
+    if (decipher)
+        arguments << "-d";
+    arguments << "-bf-cbc"
+              << "-provider"
+              << "legacy"
+              << "-provider"
+              << "default"
+              << "-K"
+              << "5c1e07a9d3b46f28e90d1a7c3b5f2e84"
+              << "-iv"
+              << "a4d90e3b7c1f6285"
+              << "-in" << folder.file(input) << "-out" << folder.file(output);
+    return runTool("openssl", arguments) == 0 ? folder.read(output) : QByteArray();
 }
 
-TEST(SoundFiles, FourByteTextIsLittleEndian)
+} // namespace
+
+TEST(Cipher, KnownVectorEnciphersAndDeciphersBack)
 {
-    EXPECT_EQ(quorvane::four_byte_text(44100).toHex(), QByteArray("44ac0000"));
-    EXPECT_EQ(quorvane::four_byte_text(0).toHex(), QByteArray("00000000"));
-    EXPECT_EQ(quorvane::four_byte_text(16777218).toHex(), QByteArray("02000001"));
-    EXPECT_EQ(quorvane::four_byte_text(2147483647).toHex(), QByteArray("ffffff7f"));
+    const QByteArray key = QByteArray::fromHex("00112233445566778899aabbccddeeff");
+    const QByteArray iv = QByteArray::fromHex("0102030405060708");
+    const QByteArray plain("hello blowfish cbc test");
+    const QByteArray expected = QByteArray::fromHex("aa13434ebbe78df9cc1e21207aeb26d292bea50d516b2f1f");
+    EXPECT_EQ(blowfishCbc(plain, key, iv, CipherDirection::Encipher).value_or("").toHex(), expected.toHex());
+    EXPECT_EQ(blowfishCbc(expected, key, iv, CipherDirection::Decipher).value_or(""), plain);
+
+    // A whole block of padding follows data of a whole number of blocks; a wrong key fails the padding check.
+    EXPECT_EQ(blowfishCbc("12345678", key, iv, CipherDirection::Encipher).value_or("").size(), 16);
+    const QByteArray otherKey = QByteArray::fromHex("ffeeddccbbaa99887766554433221100");
+    EXPECT_FALSE(blowfishCbc(expected, otherKey, iv, CipherDirection::Decipher).has_value());
+}
+
+TEST(Cipher, FilesAgreeWithTheOpensslCommandLine)
+{
+    ProgramFolder folder;
+    const QByteArray samples = patternBytes(30870);
+    folder.write("a.tmp", samples);
+    ASSERT_TRUE(encipher_file(folder.file("a.tmp"), folder.file("a.str")));
+    EXPECT_EQ(folder.read("a.tmp"), samples); // the plain file is left in place
+    EXPECT_EQ(folder.read("a.str").size(), 30872);
+    EXPECT_EQ(opensslBlowfish(folder, "a.str", "by_openssl.raw", true), samples);
+
+    const QByteArray other = patternBytes(1001);
+    folder.write("b.raw", other);
+    ASSERT_FALSE(opensslBlowfish(folder, "b.raw", "b.str", false).isEmpty());
+    ASSERT_TRUE(decipher_file(folder.file("b.str"), folder.file("b.tmp")));
+    EXPECT_EQ(folder.read("b.tmp"), other);
+
+    // An empty recording round-trips too; an existing output is replaced whole.
+    folder.write("empty.tmp", QByteArray());
+    folder.write("empty.out", QByteArray(100, 'x'));
+    ASSERT_TRUE(encipher_file(folder.file("empty.tmp"), folder.file("empty.str")));
+    EXPECT_EQ(folder.read("empty.str").size(), 8);
+    ASSERT_TRUE(decipher_file(folder.file("empty.str"), folder.file("empty.out")));
+    EXPECT_EQ(folder.read("empty.out"), QByteArray());
+
+    EXPECT_FALSE(decipher_file(folder.file("absent.str"), folder.file("absent.tmp")));
+    EXPECT_FALSE(folder.exists("absent.tmp"));
 }
 
 TEST(SoundFiles, ChoosesTheNewRecordingOnlyWhileTheRecordWindowPlays)
 {
     ProgramFolder folder;
-    quorvane::ScriptedPrompts prompts;
-    quorvane::FakeSound sound;
-    quorvane::FakeClock clock;
-    quorvane::Session session(prompts, sound, clock);
+    ScriptedPrompts prompts;
+    FakeSound sound;
+    FakeClock clock;
+    Session session(prompts, sound, clock);
     session.languages_folder = folder.path() + "/languages/";
     const QString mp3 = session.languages_folder + "spanish/01/01436.mp3";
     const QString str = session.languages_folder + "spanish/new_str/01/01436.str";
-
-    // Nothing on disk: the released path, counted as missing, call after call.
-    auto chosen = quorvane::choose_sound_file(session, "01436", "spanish");
-    EXPECT_EQ(chosen.path, mp3);
-    EXPECT_EQ(chosen.extension, ".mp3");
-    quorvane::choose_sound_file(session, "01436", "spanish");
-    EXPECT_EQ(session.missing_sound_count, 2);
-
-    // Only the new recording exists: outside the record window the (missing) released one is still chosen.
-    folder.write("languages/spanish/new_str/01/01436.str", "x");
-    chosen = quorvane::choose_sound_file(session, "01436", "spanish");
-    EXPECT_EQ(chosen.path, mp3);
-    EXPECT_EQ(session.missing_sound_count, 3);
-    session.record_window_playing = true;
-    chosen = quorvane::choose_sound_file(session, "01436", "spanish");
-    EXPECT_EQ(chosen.path, str);
-    EXPECT_EQ(chosen.extension, ".str");
-    EXPECT_EQ(session.missing_sound_count, 0);
-
-    // Both exist: the released one outside the record window, and the count stays 0.
-    folder.write("languages/spanish/01/01436.mp3", "y");
-    session.missing_sound_count = 5;
-    session.record_window_playing = false;
-    chosen = quorvane::choose_sound_file(session, "01436", "spanish");
-    EXPECT_EQ(chosen.path, mp3);
-    EXPECT_EQ(session.missing_sound_count, 0);
+    // Step by step: a file added, whether the record window plays, the file chosen, the missing count.
+    const struct
+    {
+        const char* added;
+        bool recordWindow;
+        const QString& chosen;
+        int missing;
+    } steps[] = {{"", false, mp3, 1}, // nothing on disk: the released path, counted as missing, call after call
+                 {"", false, mp3, 2},
+                 {"new_str/01/01436.str", false, mp3, 3}, // a new recording only counts in the record window
+                 {"", true, str, 0},
+                 {"01/01436.mp3", false, mp3, 0}};
+    for (const auto& step : steps) {
+        if (*step.added)
+            folder.write(QString("languages/spanish/") + step.added, "x");
+        session.record_window_playing = step.recordWindow;
+        if (step.missing == 0)
+            session.missing_sound_count = 5;
+        const ChosenSound chosen = choose_sound_file(session, "01436", "spanish");
+        EXPECT_EQ(QStringList({chosen.path, chosen.extension}), QStringList({step.chosen, step.chosen.right(4)}));
+        EXPECT_EQ(session.missing_sound_count, step.missing) << step.chosen.toStdString();
+    }
     // The language passed is used, not the current one.
     session.current_language = "french";
-    EXPECT_EQ(quorvane::choose_sound_file(session, "70012", "german").path,
-              session.languages_folder + "german/70/70012.mp3");
+    EXPECT_EQ(choose_sound_file(session, "70012", "german").path, session.languages_folder + "german/70/70012.mp3");
 }
 
 TEST(SoundFiles, StrToWavWritesTheHeaderAndSamplesAndRemovesTheTmpFile)
 {
-    ProgramFolder folder;
-    const QByteArray samples = rawSamples(30870);
-    folder.write("new_str/01/01436.tmp", samples);
-    ASSERT_TRUE(quorvane::encipher_file(folder.file("new_str/01/01436.tmp"), folder.file("new_str/01/01436.str")));
-    QFile::remove(folder.file("new_str/01/01436.tmp"));
+    EXPECT_EQ(four_byte_text(16777218).toHex(), QByteArray("02000001"));
+    EXPECT_EQ(four_byte_text(2147483647).toHex(), QByteArray("ffffff7f"));
 
-    const QString wav = quorvane::str_to_wav(folder.file("new_str/01/01436.str"));
-    EXPECT_EQ(wav, folder.file("new_str/01/01436.wav"));
+    ProgramFolder folder;
+    const QByteArray samples = patternBytes(30870);
+    auto recording = [&](const QString& name) {
+        folder.write(name + ".tmp", samples);
+        EXPECT_TRUE(encipher_file(folder.file(name + ".tmp"), folder.file(name + ".str")));
+        QFile::remove(folder.file(name + ".tmp"));
+        return folder.file(name + ".str");
+    };
+    EXPECT_EQ(str_to_wav(recording("new_str/01/01436")), folder.file("new_str/01/01436.wav"));
     EXPECT_FALSE(folder.exists("new_str/01/01436.tmp"));
     EXPECT_TRUE(folder.exists("new_str/01/01436.str"));
+    // RIFF, size, WAVE, fmt chunk of 16: PCM, mono, 22050 Hz, 44100 bytes/s, 2-byte frames, 16 bits; data size.
     const QByteArray header = QByteArray::fromHex("52494646"
                                                   "ba780000"
                                                   "57415645"
@@ -101,23 +150,37 @@ TEST(SoundFiles, StrToWavWritesTheHeaderAndSamplesAndRemovesTheTmpFile)
 
     // Kept: a longer old WAV of the same name is overwritten from the start, its tail left behind.
     folder.write("old/5.wav", QByteArray(40000, 'Z'));
-    folder.write("old/5.tmp", samples);
-    ASSERT_TRUE(quorvane::encipher_file(folder.file("old/5.tmp"), folder.file("old/5.str")));
-    quorvane::str_to_wav(folder.file("old/5.str"));
+    str_to_wav(recording("old/5"));
     const QByteArray overwritten = folder.read("old/5.wav");
     EXPECT_EQ(overwritten.size(), 40000);
-    EXPECT_EQ(overwritten.left(44).toHex(), header.toHex());
-    EXPECT_TRUE(overwritten.mid(44, 30870) == samples);
+    EXPECT_TRUE(overwritten.left(30914) == bytes);
     EXPECT_EQ(overwritten.mid(30914), QByteArray(40000 - 30914, 'Z'));
 
     // A recording that does not decipher gives a header stating no samples.
     folder.write("bad/9.str", "not enciphered");
-    EXPECT_EQ(folder.read("bad/9.str").size(), 14);
-    quorvane::str_to_wav(folder.file("bad/9.str"));
+    str_to_wav(folder.file("bad/9.str"));
     const QByteArray empty = folder.read("bad/9.wav");
     EXPECT_EQ(empty.size(), 44);
     EXPECT_EQ(empty.mid(4, 4).toHex(), QByteArray("24000000"));
     EXPECT_EQ(empty.mid(40, 4).toHex(), QByteArray("00000000"));
 }
 
-} // namespace
+TEST(SoundErrorText, KnownCodesKeepTheirExactWordingAndOthersAreUnknown)
+{
+    const QList<std::pair<int, const char*>> texts = {
+        {0, "No errors"},
+        {1, "Cannot call this command after FSOUND_Init.  Call FSOUND_Close first."},
+        {3, "Error initializing output device."},
+        {6, "Soundcard does not support the features needed for this soundsystem (16bit stereo output)"},
+        {9, "File not found"},
+        {10, "Unknown file format"},
+        {12, "Not enough memory "},
+        {16, "Failed to allocate a new channel"},
+        {17, "Recording is not supported on this machine"},
+        {19, "An error occured trying to open the specified CD device"},
+        {20, "Unknown error"},
+        {-1, "Unknown error"},
+        {1000, "Unknown error"}};
+    for (const auto& [code, text] : texts)
+        EXPECT_EQ(sound_error_text(code), text) << code;
+}

@@ -53,6 +53,14 @@ TEST(WordFiles, WordArraysHoldTheEntriesOfThreeFieldsAndAnEmptyLastSlot)
     EXPECT_EQ(s.wordCount(), 0);
     EXPECT_EQ(s.words, QStringList({""}));
 
+    // splitEntry applies the same rule to one line.
+    WordEntry entry;
+    ASSERT_TRUE(splitEntry("comer|to eat, to have lunch|", &entry));
+    EXPECT_EQ(QStringList({entry.word, entry.translation, entry.sound_number}),
+              QStringList({"comer", "to eat, to have lunch", ""}));
+    for (const char* other : {"a|b", "a|b|c|d", ""})
+        EXPECT_FALSE(splitEntry(other, &entry)) << other;
+
     // Reading keeps the strings of entries that did not change; whatever the arrays held before,
     // the result must be exactly that of reading into fresh arrays.
     std::mt19937 random(20240611);
