@@ -112,7 +112,9 @@ TEST(SampleCourse, EveryWordFileIsWindows1252WithCrLfAndEveryListLineIsAMasterEn
         QStringList problems;
         WordEntry entry;
         for (const QString& line : masterFile) {
-            if (splitEntry(line, &entry) && wordOf.contains(entry.sound_number))
+            if (!splitEntry(line, &entry))
+                continue;
+            if (wordOf.contains(entry.sound_number))
                 problems.append(entry.sound_number + " is both " + wordOf.value(entry.sound_number) + " and " +
                                 entry.word);
             wordOf.insert(entry.sound_number, entry.word);
