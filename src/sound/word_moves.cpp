@@ -3,6 +3,7 @@
 #include "app/clock.h"
 #include "app/prompts.h"
 #include "app/session.h"
+#include "sound/texts.h"
 #include "store/basic.h"
 #include "store/text_files.h"
 #include "store/word_files.h"
@@ -15,40 +16,6 @@
 #include <stdexcept>
 
 namespace quorvane {
-
-// The fixed texts of the shared prompts and of moving a word.
-namespace word_move_texts {
-
-QString repeatCountPrompt()
-{
-    return QStringLiteral("How many times should words be repeated before going to the next word? Recommended ranges "
-                          "are from 3 to 30.");
-}
-
-QString repeatCountReset()
-{
-    return QStringLiteral("That was too few or too many. It is now set to 3.");
-}
-
-QString targetNotWritten(const QString& target, const QString& reason)
-{
-    return QStringLiteral("The word could not be added to %1 (%2). Nothing was moved.")
-        .arg(QFileInfo(target).fileName(), reason);
-}
-
-QString sourceNotWritten(const QString& target, const QString& source, const QString& reason)
-{
-    return QStringLiteral("The word was added to %1, but %2 could not be rewritten (%3). The word is now in both "
-                          "files.")
-        .arg(QFileInfo(target).fileName(), QFileInfo(source).fileName(), reason);
-}
-
-QString rangeOverflow()
-{
-    return QStringLiteral("Overflow: the range of the random number is too wide.");
-}
-
-} // namespace word_move_texts
 
 namespace {
 
@@ -84,7 +51,7 @@ QStringList entriesExcept(const Session& session, int index)
 
 void ask_repeat_count(Session& session)
 {
-    const QString answer = session.prompts.input(word_move_texts::repeatCountPrompt());
+    const QString answer = session.prompts.input(sound_texts::repeatCountPrompt());
     // An answer that is no 16-bit number counts as out of range.
     if (const auto count = basic::toInteger(answer)) {
         session.repeat_count = *count;
@@ -92,7 +59,7 @@ void ask_repeat_count(Session& session)
             return;
     }
     session.repeat_count = kDefaultRepeats;
-    session.prompts.message(word_move_texts::repeatCountReset());
+    session.prompts.message(sound_texts::repeatCountReset());
 }
 
 double random_index(Session& session, qint32 low, qint32 high)
@@ -102,7 +69,7 @@ double random_index(Session& session, qint32 low, qint32 high)
     const float r = drawFromSeed(session.clock.timer());
     const qint64 span = qint64(high) + 1 - qint64(low);
     if (span > std::numeric_limits<qint32>::max() || span < std::numeric_limits<qint32>::min())
-        throw std::overflow_error(word_move_texts::rangeOverflow().toStdString());
+        throw std::overflow_error(sound_texts::rangeOverflow().toStdString());
     return basic::wholePart(double(r) * double(span) + double(low));
 }
 
@@ -118,11 +85,11 @@ void move_word(Session& session, const QString& targetFile, const QString& sourc
     // rename: at every moment the entry is in at least one of the two files.
     QString error;
     if (!appendTextLines(targetFile, {entry}, &error)) {
-        session.prompts.message(word_move_texts::targetNotWritten(targetFile, error));
+        session.prompts.message(sound_texts::targetNotWritten(targetFile, error));
         return;
     }
     if (!writeTextLines(sourceFile, entriesExcept(session, index), &error)) {
-        session.prompts.message(word_move_texts::sourceNotWritten(targetFile, sourceFile, error));
+        session.prompts.message(sound_texts::sourceNotWritten(targetFile, sourceFile, error));
         return;
     }
     create_array_of_words(session, sourceFile);
