@@ -1,11 +1,11 @@
-#include "app/list_box.h"
 #include "app/main_window.h"
-#include "app/session.h"
 #include "bench_support.h"
+#include "core/session.h"
 #include "flash/flash_window.h"
 #include "flash/mp3_compile.h"
 #include "sound/playback.h"
 #include "sound/sdl_sound.h"
+#include "widgets/list_box.h"
 
 #include "quorvane/testing.h"
 

@@ -1,5 +1,5 @@
-#include "app/clock.h"
-#include "app/session.h"
+#include "core/clock.h"
+#include "core/session.h"
 #include "sound/playback.h"
 #include "sound/sdl_sound.h"
 

@@ -1,7 +1,7 @@
-#include "app/list_box.h"
 #include "app/main_window.h"
-#include "app/session.h"
+#include "core/session.h"
 #include "store/word_files.h"
+#include "widgets/list_box.h"
 
 #include "quorvane/testing.h"
 

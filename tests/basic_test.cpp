@@ -1,4 +1,4 @@
-#include "store/basic.h"
+#include "core/basic.h"
 
 #include <gtest/gtest.h>
 

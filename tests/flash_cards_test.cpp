@@ -132,11 +132,11 @@ TEST(FlashCards, FontSizesTranslationNumbersAndDraws)
     FakeClock clock;
     Session s(prompts, sound, clock);
     s.target_sound_numbers[1436] = "00436";
-    EXPECT_EQ(translation_sound_number(s, "01436"), "00436");
-    EXPECT_EQ(translation_sound_number(s, "01437"), "");
-    EXPECT_EQ(translation_sound_number(s, ""), "");
-    EXPECT_THROW(translation_sound_number(s, "100000"), std::out_of_range);
-    EXPECT_THROW(translation_sound_number(s, "x1436"), std::out_of_range);
+    EXPECT_EQ(card_translation(s, "01436"), "00436");
+    EXPECT_EQ(card_translation(s, "01437"), "");
+    EXPECT_EQ(card_translation(s, ""), "");
+    EXPECT_THROW(card_translation(s, "100000"), std::out_of_range);
+    EXPECT_THROW(card_translation(s, "x1436"), std::out_of_range);
 
     // From eleven words up a card never follows itself; with fewer it may.
     auto repeatsIn = [&](int count) {

@@ -18,7 +18,7 @@ protected:
     {
         QDir::setCurrent(folder.path());
         session.languages_folder = folder.path() + "/languages/";
-        session.showSoundCaption = [this](const QString& caption) { captions.append(caption); };
+        session.attachMainView(&view);
     }
     ~Playback() override { QDir::setCurrent(m_previous); }
 
@@ -43,7 +43,8 @@ protected:
     FakeSound sound;
     FakeClock clock;
     Session session;
-    QStringList captions;
+    quorvane::test::RecordingMainView view;
+    QStringList& captions = view.captions;
 
 private:
     QString m_previous = QDir::currentPath();

@@ -3,9 +3,9 @@
 // Helpers shared by the tests: a throw-away program folder with byte-level file access, the program
 // started on the test doubles, a small course with a recording for every word, and running a tool.
 
-#include "app/list_box.h"
 #include "app/main_window.h"
-#include "app/session.h"
+#include "core/session.h"
+#include "widgets/list_box.h"
 
 #include "quorvane/testing.h"
 
@@ -125,6 +125,22 @@ inline QStringList captions(const QWidget* window, const QStringList& names)
     }
     return texts;
 }
+
+// A main view that records what the core asks of it.
+class RecordingMainView : public MainView
+{
+public:
+    void show_sound_caption(const QString& caption) override { captions.append(caption); }
+    void show_word_count(const QString& caption) override { wordCounts.append(caption); }
+    void display_words() override { ++displayed; }
+    void refresh_known_list() override { ++knownRefreshed; }
+    void show_main_window() override { ++shown; }
+    QStringList captions;
+    QStringList wordCounts;
+    int displayed = 0;
+    int knownRefreshed = 0;
+    int shown = 0;
+};
 
 // A FakeSound that runs onPlay with the path of every sound as it starts.
 class HookedSound : public FakeSound

@@ -1,4 +1,4 @@
-#include "store/table_limit.h"
+#include "core/table_limit.h"
 #include "test_support.h"
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "store/table_limit.h"
+#include "core/table_limit.h"
 #include "store/text_files.h"
 #include "store/word_files.h"
 #include "test_support.h"

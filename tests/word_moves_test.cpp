@@ -1,5 +1,7 @@
-#include "sound/word_moves.h"
+#include "core/random_index.h"
+#include "flash/card_settings.h"
 #include "store/word_files.h"
+#include "store/word_moves.h"
 #include "test_support.h"
 
 #include <gtest/gtest.h>
@@ -26,14 +28,14 @@ struct MoveFixture
     FakeSound sound;
     FakeClock clock;
     Session session{prompts, sound, clock};
-    int displayed = 0;
+    quorvane::test::RecordingMainView view;
 
     MoveFixture()
     {
         folder.write("users/kestrin/spanish/food-u.txt", kThreeWords);
         session.unknown_file = folder.file("users/kestrin/spanish/food-u.txt");
         session.known_file = folder.file("users/kestrin/spanish/food-k.txt");
-        session.displayWords = [this] { ++displayed; };
+        session.attachMainView(&view);
         create_array_of_words(session, session.unknown_file);
     }
     QByteArray unknown() const { return folder.read("users/kestrin/spanish/food-u.txt"); }
@@ -110,7 +112,7 @@ TEST(WordMoves, AnIndexOutsideTheArraysOrAFailedWriteNeverLosesTheWord)
             move_to_known(f.session, index);
         EXPECT_EQ(f.unknown(), kThreeWords);
         EXPECT_FALSE(f.folder.exists("users/kestrin/spanish/food-k.txt"));
-        EXPECT_EQ(f.displayed, 0);
+        EXPECT_EQ(f.view.displayed, 0);
     }
     // The source cannot be replaced (a folder stands at its path): the word is already in the
     // target, and the failure is said.
@@ -124,7 +126,7 @@ TEST(WordMoves, AnIndexOutsideTheArraysOrAFailedWriteNeverLosesTheWord)
         ASSERT_EQ(f.prompts.shown.size(), 1);
         EXPECT_EQ(f.prompts.shown[0].kind, "message");
         EXPECT_TRUE(f.prompts.shown[0].text.contains("blocked-u.txt")) << f.prompts.shown[0].text.toStdString();
-        EXPECT_EQ(f.displayed, 0);
+        EXPECT_EQ(f.view.displayed, 0);
         EXPECT_EQ(f.session.wordCount(), 3);
     }
     // The target cannot be written (its parent is a file): the source keeps every word.
@@ -135,6 +137,6 @@ TEST(WordMoves, AnIndexOutsideTheArraysOrAFailedWriteNeverLosesTheWord)
         EXPECT_EQ(f.unknown(), kThreeWords);
         ASSERT_EQ(f.prompts.shown.size(), 1);
         EXPECT_TRUE(f.prompts.shown[0].text.contains("food-k.txt")) << f.prompts.shown[0].text.toStdString();
-        EXPECT_EQ(f.displayed, 0);
+        EXPECT_EQ(f.view.displayed, 0);
     }
 }

@@ -1,9 +1,9 @@
 // Takes the screenshots of the README: starts Quorvane on a copy of the sample folder with
 // scripted answers and saves what the main window shows. Usage: quorvane_screenshots OUTPUT_DIR
 
-#include "app/list_box.h"
 #include "app/main_window.h"
-#include "app/session.h"
+#include "core/session.h"
+#include "widgets/list_box.h"
 
 #include "quorvane/testing.h"
 

@@ -1,14 +1,13 @@
 #include "app/main_window.h"
 
-#include "app/handler_guard.h"
-#include "app/list_box.h"
-#include "app/prompts.h"
-#include "app/session.h"
 #include "app/texts.h"
-#include "app/user_name.h"
-#include "sound/sound_error_text.h"
-#include "sound/sound_library.h"
-#include "store/word_files.h"
+#include "core/prompts.h"
+#include "core/session.h"
+#include "core/sound_library.h"
+#include "store/start_up.h"
+#include "widgets/controls.h"
+#include "widgets/handler_guard.h"
+#include "widgets/list_box.h"
 
 #include <QApplication>
 #include <QDir>
@@ -26,33 +25,10 @@ namespace {
 
 constexpr int kSmallListPoints = 8;
 constexpr int kLargeListPoints = 10;
-constexpr int kMixRate = 22050;
-constexpr int kMixChannels = 64;
 
-const QString kSansSerif = QStringLiteral("MS Sans Serif");
-const QString kArial = QStringLiteral("Arial");
-
-QFont controlFont(const QString& family, int points = kSmallListPoints)
+QFont smallFont(const QString& family)
 {
-    QFont font(family);
-    font.setPointSize(points);
-    return font;
-}
-
-QLabel* makeLabel(const QString& name, const QString& caption, QWidget* parent)
-{
-    auto* label = new QLabel(caption, parent);
-    label->setObjectName(name);
-    label->setFont(controlFont(kSansSerif));
-    return label;
-}
-
-QPushButton* makeButton(const QString& name, const QString& caption, const QString& family, QWidget* parent)
-{
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(name);
-    button->setFont(controlFont(family));
-    return button;
+    return controls::font(family, kSmallListPoints);
 }
 
 } // namespace
@@ -62,76 +38,74 @@ MainWindow::MainWindow(Prompts& prompts, SoundLibrary& sound, Clock& clock, QWid
 {
     setObjectName(QStringLiteral("qvmain"));
     setWindowTitle(main_texts::windowTitle());
-    // The design's fonts, drawn with metric-compatible fonts where they are not installed.
-    QFont::insertSubstitutions(kArial, {QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans")});
-    QFont::insertSubstitutions(kSansSerif, {QStringLiteral("DejaVu Sans"), QStringLiteral("Liberation Sans")});
-    setFont(controlFont(kArial));
+    setFont(smallFont(controls::kArial));
     buildControls();
     buildMenus();
     wireHandlers();
-    m_session->showSoundCaption = [this](const QString& caption) { Label6->setText(caption); };
-    m_session->displayWords = [this] { display_words(); };
+    m_session->attachMainView(this);
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow()
+{
+    m_session->attachMainView(nullptr);
+}
+
+QPushButton* MainWindow::makeButton(const QString& name, const QString& caption, const QString& family)
+{
+    return controls::button(centralWidget(), name, caption, smallFont(family));
+}
 
 void MainWindow::buildControls()
 {
     auto* central = new QWidget(this);
     setCentralWidget(central);
 
-    lang_list = new ListBox(QStringLiteral("lang_list"), central);
-    lists_list = new ListBox(QStringLiteral("lists_list"), central);
-    known_lists = new ListBox(QStringLiteral("known_lists"), central);
-    words_list = new ListBox(QStringLiteral("words_list"), central);
-    words_liste = new ListBox(QStringLiteral("words_liste"), central);
-    for (ListBox* box : {lang_list, lists_list, known_lists, words_list, words_liste})
-        box->setFont(controlFont(kSansSerif));
+    const QFont sansSerif = smallFont(controls::kSansSerif);
+    lang_list = controls::listBox(central, QStringLiteral("lang_list"), sansSerif);
+    lists_list = controls::listBox(central, QStringLiteral("lists_list"), sansSerif);
+    known_lists = controls::listBox(central, QStringLiteral("known_lists"), sansSerif);
+    words_list = controls::listBox(central, QStringLiteral("words_list"), sansSerif);
+    words_liste = controls::listBox(central, QStringLiteral("words_liste"), sansSerif);
+    txt_word_search = controls::lineEdit(central, QStringLiteral("txt_word_search"), sansSerif);
+    txt_word_search2 = controls::lineEdit(central, QStringLiteral("txt_word_search2"), sansSerif);
 
-    txt_word_search = new QLineEdit(central);
-    txt_word_search->setObjectName(QStringLiteral("txt_word_search"));
-    txt_word_search2 = new QLineEdit(central);
-    txt_word_search2->setObjectName(QStringLiteral("txt_word_search2"));
-    for (QLineEdit* box : {txt_word_search, txt_word_search2})
-        box->setFont(controlFont(kSansSerif));
-
-    Label9 = makeLabel(QStringLiteral("Label9"), QStringLiteral("<--- Search"), central);
-    Label8 = makeLabel(QStringLiteral("Label8"), QString(), central);
-    Label1 = makeLabel(QStringLiteral("Label1"), QStringLiteral("Click A Language"), central);
-    Label3 = makeLabel(QStringLiteral("Label3"), QStringLiteral("Click Unknown List"), central);
-    Label2 = makeLabel(QStringLiteral("Label2"), QStringLiteral("Known Lists"), central);
-    Label4 = makeLabel(QStringLiteral("Label4"),
-                       QStringLiteral("Double-click a word to move it from your unknown to your known list, or "
-                                      "vice versa."),
-                       central);
-    Label5 = makeLabel(QStringLiteral("Label5"), main_texts::moreWordsLine(), central);
-    Label6 = makeLabel(QStringLiteral("Label6"), QString(), central);
+    Label9 = controls::label(central, QStringLiteral("Label9"), QStringLiteral("<--- Search"), sansSerif);
+    Label8 = controls::label(central, QStringLiteral("Label8"), QString(), sansSerif);
+    Label1 = controls::label(central, QStringLiteral("Label1"), QStringLiteral("Click A Language"), sansSerif);
+    Label3 = controls::label(central, QStringLiteral("Label3"), QStringLiteral("Click Unknown List"), sansSerif);
+    Label2 = controls::label(central, QStringLiteral("Label2"), QStringLiteral("Known Lists"), sansSerif);
+    Label4 = controls::label(central, QStringLiteral("Label4"),
+                             QStringLiteral("Double-click a word to move it from your unknown to your known list, "
+                                            "or vice versa."),
+                             sansSerif);
+    Label5 = controls::label(central, QStringLiteral("Label5"), main_texts::moreWordsLine(), sansSerif);
+    Label6 = controls::label(central, QStringLiteral("Label6"), QString(), sansSerif);
     Label4->setWordWrap(true);
     for (QLabel* heading : {Label1, Label3, Label2})
         heading->setStyleSheet(QStringLiteral("font-weight: bold"));
 
     flash_cards =
-        makeButton(QStringLiteral("flash_cards"), QStringLiteral("Large Flash Cards and MP3"), kSansSerif, central);
+        makeButton(QStringLiteral("flash_cards"), QStringLiteral("Large Flash Cards and MP3"), controls::kSansSerif);
     small_flash =
-        makeButton(QStringLiteral("small_flash"), QStringLiteral("Small Flash Card (Stays On Top)"), kArial, central);
-    test_me = makeButton(QStringLiteral("test_me"), QStringLiteral("Start Student Test"), kArial, central);
+        makeButton(QStringLiteral("small_flash"), QStringLiteral("Small Flash Card (Stays On Top)"), controls::kArial);
+    test_me = makeButton(QStringLiteral("test_me"), QStringLiteral("Start Student Test"), controls::kArial);
     show_test_results =
-        makeButton(QStringLiteral("show_test_results"), QStringLiteral("Show Test Results"), kArial, central);
-    print_list = makeButton(QStringLiteral("print_list"), QStringLiteral("Show Selected Word List"), kArial, central);
+        makeButton(QStringLiteral("show_test_results"), QStringLiteral("Show Test Results"), controls::kArial);
+    print_list = makeButton(QStringLiteral("print_list"), QStringLiteral("Show Selected Word List"), controls::kArial);
     record_word_word = makeButton(QStringLiteral("record_word_word"), QStringLiteral("Record and Edit Selected Word"),
-                                  kSansSerif, central);
+                                  controls::kSansSerif);
     record_word_list = makeButton(QStringLiteral("record_word_list"), QStringLiteral("Record and Edit Selected List"),
-                                  kSansSerif, central);
-    new_language = makeButton(QStringLiteral("new_language"), QStringLiteral("Add new language"), kSansSerif, central);
-    add_list = makeButton(QStringLiteral("add_list"), QStringLiteral("Add new word list"), kSansSerif, central);
-    toggle_font = makeButton(QStringLiteral("toggle_font"), QStringLiteral("Increase Font"), kArial, central);
+                                  controls::kSansSerif);
+    new_language = makeButton(QStringLiteral("new_language"), QStringLiteral("Add new language"), controls::kSansSerif);
+    add_list = makeButton(QStringLiteral("add_list"), QStringLiteral("Add new word list"), controls::kSansSerif);
+    toggle_font = makeButton(QStringLiteral("toggle_font"), QStringLiteral("Increase Font"), controls::kArial);
     play_paragraph =
         makeButton(QStringLiteral("play_paragraph"),
-                   QStringLiteral("Play a paragraph of words, highlighting each word"), kSansSerif, central);
+                   QStringLiteral("Play a paragraph of words, highlighting each word"), controls::kSansSerif);
     paly_syllables = makeButton(QStringLiteral("paly_syllables"),
                                 QStringLiteral("Play each syllable in selected word, highlighting each letter"),
-                                kSansSerif, central);
-    exit_program = makeButton(QStringLiteral("exit_program"), QStringLiteral("Exit Program"), kSansSerif, central);
+                                controls::kSansSerif);
+    exit_program = makeButton(QStringLiteral("exit_program"), QStringLiteral("Exit Program"), controls::kSansSerif);
     // The two placeholders have no behaviour; they are kept out of sight.
     play_paragraph->hide();
     paly_syllables->hide();
@@ -244,22 +218,29 @@ void MainWindow::guarded(const std::function<void()>& handler)
 void MainWindow::form_load()
 {
     guarded([this] {
-        Session& s = *m_session;
-        if (!s.sound.available()) {
-            s.prompts.message(main_texts::soundLibraryMissing());
+        if (!start_up(*m_session))
             return;
-        }
-        s.sound_ok = s.sound.init(kMixRate, kMixChannels, 0);
-        if (!s.sound_ok)
-            s.prompts.message(main_texts::soundStartFailed(sound_error_text(s.sound.getError())));
-        ask_user_name(s);
-        s.languages_folder = QDir::currentPath() + QDir::separator() + "languages" + QDir::separator();
         lang_list->clear();
-        lang_list->addItems(scan_folder(s.languages_folder));
+        lang_list->addItems(installed_languages(*m_session));
         words_list->clear();
         words_liste->clear();
         select_row(lang_list, 0);
     });
+}
+
+void MainWindow::show_sound_caption(const QString& caption)
+{
+    Label6->setText(caption);
+}
+
+void MainWindow::show_word_count(const QString& caption)
+{
+    Label8->setText(caption);
+}
+
+void MainWindow::show_main_window()
+{
+    show();
 }
 
 void MainWindow::toggle_font_click()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/main_view.h"
+
 #include <QMainWindow>
 #include <QPointer>
 
@@ -21,9 +23,10 @@ class FlashWindow;
 class SmallFlashWindow;
 
 // The main window, qvmain: languages, lists and words, and the buttons that open every other
-// window. It owns the session. Controls carry their documented names as objectName; handlers
-// are public slots named after the control and the event, so tests can run any of them.
-class MainWindow : public QMainWindow
+// window. It owns the session and is the session's MainView while it lives. Controls carry their
+// documented names as objectName; handlers are public slots named after the control and the
+// event, so tests can run any of them. Every other window is made with it as Qt parent.
+class MainWindow : public QMainWindow, public MainView
 {
     Q_OBJECT
 public:
@@ -33,11 +36,10 @@ public:
 
     Session& session() { return *m_session; }
 
-    // Refills words_list and words_liste from the word arrays; entries without a sound number
-    // stay in the arrays but are not shown.
-    void display_words();
-    // Refills known_lists from the student's known files of the current language.
-    void refresh_known_list();
+    // MainView.
+    void show_sound_caption(const QString& caption) override;
+    void show_word_count(const QString& caption) override;
+    void show_main_window() override;
 
     ListBox* lang_list;
     ListBox* lists_list;
@@ -74,6 +76,15 @@ public:
     QAction* About1;
 
 public slots:
+    // Operations other windows call.
+    // Refills words_list and words_liste from the word arrays; entries without a sound number
+    // stay in the arrays but are not shown.
+    void display_words() override;
+    // Refills known_lists from the student's known files of the current language.
+    void refresh_known_list() override;
+    void create_array_of_words(const QString& path);
+    void generate_unknowns_file();
+
     void form_load();
     void lang_list_click();
     void lists_list_click();
@@ -94,6 +105,7 @@ public slots:
 
 private:
     void buildControls();
+    QPushButton* makeButton(const QString& name, const QString& caption, const QString& family);
     void buildMenus();
     void wireHandlers();
     // Shows a list (unknown or known) picked in lists_list or known_lists.

@@ -1,7 +1,7 @@
 #include "app/main_window.h"
 
-#include "app/prompts.h"
-#include "app/session.h"
+#include "core/prompts.h"
+#include "core/session.h"
 #include "flash/flash_window.h"
 #include "flash/small_flash_window.h"
 #include "flash/texts.h"

@@ -1,13 +1,15 @@
 #include "app/main_window.h"
 
-#include "app/list_box.h"
-#include "app/session.h"
 #include "app/texts.h"
+#include "core/flags.h"
+#include "core/session.h"
 #include "sound/playback.h"
-#include "sound/word_moves.h"
-#include "store/basic.h"
-#include "store/text_files.h"
+#include "store/paths.h"
+#include "store/selection.h"
+#include "store/texts.h"
 #include "store/word_files.h"
+#include "store/word_moves.h"
+#include "widgets/list_box.h"
 
 #include <QApplication>
 #include <QColor>
@@ -36,10 +38,8 @@ constexpr unsigned kKnownWordsBgr = 0xA00000;
 // words after it.
 constexpr int kRowsShownAfter = 17;
 
-const QString kYes = QStringLiteral("yes");
-const QString kNo = QStringLiteral("no");
-const QString kKnownSuffix = QStringLiteral("-k.txt");
-const QString kListSuffix = QStringLiteral(".txt");
+using flags::kNo;
+using flags::kYes;
 
 QString selectedText(const ListBox* box)
 {
@@ -91,45 +91,31 @@ void showTexts(ListBox* box, const QStringList& texts)
 void MainWindow::lang_list_click()
 {
     guarded([this] {
-        Session& s = *m_session;
-        const QString separator = QDir::separator();
-        s.shown_file.clear();
+        const LanguageLists lists = choose_language(*m_session, selectedText(lang_list));
         for (ListBox* box : {words_list, words_liste, lists_list, known_lists})
             box->clear();
         txt_word_search->setVisible(true);
         txt_word_search2->setVisible(true);
         Label9->setVisible(true);
-        s.current_language = selectedText(lang_list);
-
-        const QString language = s.current_language;
-        if (!QFileInfo(s.user_folder + language).isDir())
-            QDir().mkpath(s.user_folder + language);
-
-        QStringList lists = scan_and_sweep(s.languages_folder + language + separator, kListSuffix);
-        lists.removeAll(QStringLiteral("master_") + language);
-        lists_list->addItems(lists);
-        refresh_known_list();
-
-        const QString languageFolder = s.languages_folder + language + separator;
-        s.master_file = languageFolder + "master_" + language + ".txt";
-        s.trans_file = languageFolder + "trans_" + language + ".dat";
-        // Without a trans file the previous language's target, paths and pairings stay in force.
-        if (!QFileInfo::exists(s.trans_file))
-            return;
-        s.target_language = readFirstLine(s.trans_file);
-        s.target_master_file =
-            s.languages_folder + s.target_language + separator + "master_" + s.target_language + ".txt";
-        s.trans_index_file = languageFolder + "trans_index_" + language + "_" + s.target_language + ".dat";
-        if (QFileInfo::exists(s.trans_index_file))
-            load_trans_index(s.trans_index_file, s.target_sound_numbers);
+        lists_list->addItems(lists.lists);
+        known_lists->addItems(lists.known_lists);
     });
 }
 
 void MainWindow::refresh_known_list()
 {
-    const Session& s = *m_session;
     known_lists->clear();
-    known_lists->addItems(scan_and_sweep(s.user_folder + s.current_language + QDir::separator(), kKnownSuffix));
+    known_lists->addItems(known_lists_of(*m_session));
+}
+
+void MainWindow::create_array_of_words(const QString& path)
+{
+    guarded([this, &path] { quorvane::create_array_of_words(*m_session, path); });
+}
+
+void MainWindow::generate_unknowns_file()
+{
+    guarded([this] { quorvane::generate_unknowns_file(*m_session); });
 }
 
 void MainWindow::lists_list_click()
@@ -145,17 +131,14 @@ void MainWindow::known_lists_click()
 void MainWindow::showList(ListBox* box, bool known)
 {
     Session& s = *m_session;
-    s.current_list = selectedText(box);
+    // Opening a known list makes the list's unknown file too when it is missing.
+    choose_list(s, selectedText(box), known);
     words_list->clear();
     words_liste->clear();
-    // Opening a known list makes the list's unknown file too when it is missing.
-    generate_unknowns_file(s);
-    s.shown_file = known ? s.known_file : s.unknown_file;
-    create_array_of_words(s, s.shown_file);
     display_words();
 
     const int count = s.wordCount();
-    Label8->setText(known ? main_texts::knownWordsCaption(count) : main_texts::unknownWordsCaption(count));
+    Label8->setText(known ? texts::knownWordsCaption(count) : texts::unknownWordsCaption(count));
     const QColor labelColour =
         known ? fromBgr(kKnownLabelBgr) : QApplication::palette(Label8).color(QPalette::ButtonText);
     setTextColour(Label8, QPalette::WindowText, labelColour);
@@ -209,12 +192,9 @@ void MainWindow::words_liste_click()
         select_row(words_list, row);
         m_syncFlag.clear();
         Session& s = *m_session;
-        // A sound number that is no whole number, or past the pairing table, has no translation
-        // recording.
-        const auto number = basic::toLong(s.sound_numbers.value(row));
-        if (!number || *number < 0 || *number >= kSoundNumberSlots)
-            return;
-        say_word(s, s.target_sound_numbers.at(*number), s.target_language);
+        // A sound number that names no slot of the pairing table has no translation recording.
+        if (const auto translation = translation_sound_number(s, s.sound_numbers.value(row)))
+            say_word(s, *translation, s.target_language);
     });
 }
 
@@ -223,13 +203,13 @@ void MainWindow::words_list_dblclick()
     guarded([this] {
         Session& s = *m_session;
         const int row = words_list->currentRow();
-        if (s.shown_file.endsWith(kKnownSuffix))
+        if (s.shown_file.endsWith(paths::kKnownSuffix))
             move_to_unknown(s, row);
         else
             move_to_known(s, row);
         // A known file just made is listed now, one just emptied is removed.
         refresh_known_list();
-        create_array_of_words(s, s.shown_file);
+        quorvane::create_array_of_words(s, s.shown_file);
 
         // Selecting rows from code runs the word click, which says nothing while the recording
         // flag is "yes". Selecting further down first keeps the rows after the word in view; a
@@ -243,7 +223,7 @@ void MainWindow::words_list_dblclick()
         // would say the translation, so only a box that differs is moved.
         if (words_liste->currentRow() != words_list->currentRow())
             select_row(words_liste, words_list->currentRow());
-        Label8->setText(main_texts::wordsCaption(s.wordCount()));
+        Label8->setText(texts::wordsCaption(s.wordCount()));
     });
 }
 

@@ -1,10 +1,11 @@
 #include "app/start.h"
 
-#include "app/clock.h"
 #include "app/main_window.h"
-#include "app/qt_prompts.h"
-#include "app/session.h"
+#include "core/clock.h"
+#include "core/session.h"
 #include "sound/sdl_sound.h"
+#include "widgets/controls.h"
+#include "widgets/qt_prompts.h"
 
 #include <QApplication>
 #include <QDir>
@@ -15,8 +16,6 @@
 namespace quorvane {
 
 namespace {
-
-constexpr const char* kSessionProperty = "quorvane.session";
 
 // Keeps the real services alive exactly as long as the main window.
 class OwnedServices : public QObject
@@ -59,28 +58,19 @@ QWidget* start(const QString& programFolder, Prompts* prompts, SoundLibrary* sou
         owned->clock = std::make_unique<QtClock>();
         clock = owned->clock.get();
     }
+    controls::installFontSubstitutions();
     auto* window = new MainWindow(*prompts, *sound, *clock);
     owned.release()->setParent(window);
-    attachSession(window, window->session());
     window->form_load();
     window->show();
     return window;
 }
 
-void attachSession(QWidget* window, Session& session)
-{
-    window->setProperty(kSessionProperty, QVariant::fromValue(static_cast<void*>(&session)));
-}
-
 Session& sessionOf(QWidget* window)
 {
+    // Every window of the program is made with the main window as its Qt parent.
     for (QObject* object = window; object; object = object->parent()) {
-        const QVariant value = object->property(kSessionProperty);
-        if (value.isValid())
-            return *static_cast<Session*>(value.value<void*>());
-    }
-    for (QWidget* topLevel : QApplication::topLevelWidgets()) {
-        if (auto* main = qobject_cast<MainWindow*>(topLevel))
+        if (auto* main = qobject_cast<MainWindow*>(object))
             return main->session();
     }
     throw std::logic_error("sessionOf: the window belongs to no Quorvane session");

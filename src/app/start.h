@@ -18,9 +18,7 @@ class Clock;
 QWidget* start(const QString& programFolder, Prompts* prompts = nullptr, SoundLibrary* sound = nullptr,
                Clock* clock = nullptr);
 
-// The session of any window of the program.
+// The session of any window of the program: that of the main window it belongs to.
 Session& sessionOf(QWidget* window);
-// Marks a window as belonging to a session, for sessionOf.
-void attachSession(QWidget* window, Session& session);
 
 } // namespace quorvane

@@ -1,6 +1,6 @@
 #include "app/texts.h"
 
-#include "app/product.h"
+#include "core/product.h"
 
 namespace quorvane::main_texts {
 
@@ -19,29 +19,6 @@ QString windowTitle()
 QString moreWordsLine()
 {
     return QStringLiteral("More words, phrases and languages can be obtained at %1").arg(web());
-}
-
-QString soundLibraryMissing()
-{
-    return QStringLiteral("Error! The sound library (SDL2) was not found. All the files are not in the right folders.");
-}
-
-QString soundStartFailed(const QString& errorText)
-{
-    return QStringLiteral("An error occured. Please turn off other programs that may be using sound and start "
-                          "this program again. The specific error message is:") +
-           QStringLiteral("\r\n") + errorText;
-}
-
-QString namePrompt()
-{
-    return QStringLiteral(
-        "What is your first name?  This is for the program to remember which words you have learned.");
-}
-
-QString nameTitle()
-{
-    return QStringLiteral("Student Name");
 }
 
 QString instructionsTitle()
@@ -110,26 +87,6 @@ QString about()
                .arg(QString::fromLatin1(product::kName), QString::fromLatin1(product::kVersion),
                     QString::fromLatin1(product::kReleaseDate), web()) +
            QStringLiteral("edit words and phrases, see also the license on the 'Record and Edit' form.");
-}
-
-QString unknownWordsCaption(int count)
-{
-    return QString::number(count) + QStringLiteral(" Unknown Words");
-}
-
-QString knownWordsCaption(int count)
-{
-    return QString::number(count) + QStringLiteral(" Known Words");
-}
-
-QString wordsCaption(int count)
-{
-    return QString::number(count) + QStringLiteral(" Words");
-}
-
-QString unexpectedError(const QString& what)
-{
-    return QStringLiteral("Something went wrong: %1").arg(what);
 }
 
 QString notYetAvailable()

@@ -1,14 +1,18 @@
 #include "flash/card_loop.h"
+#include "store/paths.h"
 
-#include "app/clock.h"
-#include "app/prompts.h"
-#include "app/session.h"
-#include "app/texts.h"
+#include "core/basic.h"
+#include "core/clock.h"
+#include "core/flags.h"
+#include "core/prompts.h"
+#include "core/random_index.h"
+#include "core/session.h"
 #include "flash/texts.h"
 #include "sound/playback.h"
 #include "sound/texts.h"
-#include "sound/word_moves.h"
-#include "store/basic.h"
+#include "store/texts.h"
+#include "store/word_files.h"
+#include "store/word_moves.h"
 
 #include <QObject>
 #include <QPointer>
@@ -19,8 +23,8 @@ namespace quorvane {
 
 namespace {
 
-const QString kYes = QStringLiteral("yes");
-const QString kNo = QStringLiteral("no");
+using flags::kNo;
+using flags::kYes;
 const QString kInterlace = QStringLiteral("interlace");
 
 constexpr int kLargePoints = 48;
@@ -135,7 +139,7 @@ private:
 
     void sayTranslation()
     {
-        say_word(m_session, translation_sound_number(m_session, currentSoundNumber()), m_session.target_language);
+        say_word(m_session, card_translation(m_session, currentSoundNumber()), m_session.target_language);
     }
 
     Step playCard(int count)
@@ -147,7 +151,7 @@ private:
         const QString word = s.words.value(s.current_index);
         const QString translation = s.translations.value(s.current_index);
         if (m_rules.large) {
-            m_view.showWordCount(main_texts::wordsCaption(s.wordCount()));
+            m_view.showWordCount(texts::wordsCaption(s.wordCount()));
             m_view.setCardPoints(card_points(word, translation));
         }
         m_view.showCard(word, translation);
@@ -155,7 +159,7 @@ private:
             // Counted down before the card's sounds: the last card asked for gets its beep while
             // the count is already 0, so its sounds are heard rather than captured. Kept.
             --s.mp3_words_left;
-            append_file(flash_texts::beepFile(), sound_texts::mp3OutputFile());
+            append_file(paths::beepFile(), paths::mp3OutputFile());
             m_view.showMp3Progress(flash_texts::wordsAdded(m_wordsPlayed));
         }
         if (s.say_mode == kYes || (s.say_mode == kInterlace && s.interlace_count > 1)) {
@@ -247,14 +251,14 @@ void draw_card(Session& session, int count)
     session.current_index = index;
 }
 
-QString translation_sound_number(const Session& session, const QString& soundNumber)
+QString card_translation(const Session& session, const QString& soundNumber)
 {
     if (soundNumber.isEmpty())
         return {};
-    const auto slot = basic::toLong(soundNumber);
-    if (!slot || *slot < 0 || *slot >= kSoundNumberSlots)
+    const auto number = translation_sound_number(session, soundNumber);
+    if (!number)
         throw std::out_of_range(flash_texts::badSoundNumber(soundNumber).toLocal8Bit().toStdString());
-    return session.target_sound_numbers.value(*slot);
+    return *number;
 }
 
 } // namespace quorvane

@@ -53,8 +53,8 @@ int card_points(const QString& word, const QString& translation);
 // previous one. The clock moves on between draws, since the generator follows the timer.
 void draw_card(Session& session, int count);
 
-// The translation language's sound number for a sound number of the current language; empty for
-// an empty sound number. Throws std::out_of_range for one that names no slot of the table.
-QString translation_sound_number(const Session& session, const QString& soundNumber);
+// The translation's sound number of a card: empty for an empty sound number. Throws
+// std::out_of_range for one that names no slot of the pairing table.
+QString card_translation(const Session& session, const QString& soundNumber);
 
 } // namespace quorvane

@@ -1,9 +1,9 @@
 #include "flash/card_settings.h"
 
-#include "app/prompts.h"
-#include "app/session.h"
+#include "core/basic.h"
+#include "core/prompts.h"
+#include "core/session.h"
 #include "flash/texts.h"
-#include "store/basic.h"
 
 namespace quorvane {
 
@@ -13,6 +13,9 @@ constexpr float kFastestSpeed = 0.01f;
 // The refusal message says 10; the bound is 11 all the same.
 constexpr float kSlowestSpeed = 11.0f;
 constexpr double kSilencePiece = 0.2;
+constexpr qint16 kFewestRepeats = 1;
+constexpr qint16 kMostRepeats = 60;
+constexpr qint16 kDefaultRepeats = 3;
 
 void askNumber(Session& session, const QString& prompt, qint16& setting)
 {
@@ -21,6 +24,19 @@ void askNumber(Session& session, const QString& prompt, qint16& setting)
 }
 
 } // namespace
+
+void ask_repeat_count(Session& session)
+{
+    const QString answer = session.prompts.input(flash_texts::repeatCountPrompt());
+    // An answer that is no 16-bit number counts as out of range.
+    if (const auto count = basic::toInteger(answer)) {
+        session.repeat_count = *count;
+        if (*count >= kFewestRepeats && *count <= kMostRepeats)
+            return;
+    }
+    session.repeat_count = kDefaultRepeats;
+    session.prompts.message(flash_texts::repeatCountReset());
+}
 
 void change_speed(Session& session, CardStyle kind)
 {

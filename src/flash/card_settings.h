@@ -6,6 +6,10 @@ namespace quorvane {
 
 class Session;
 
+// Asks how many times each flash card repeats its word and sets repeat_count; an answer outside
+// 1..60, or no number, sets 3 and says so.
+void ask_repeat_count(Session& session);
+
 // The settings buttons of the flash-card windows. Each may run while the card loop is on the
 // stack: they change only the session's settings and flags, which the loop reads at its next
 // play or card.

@@ -1,12 +1,12 @@
 #include "flash/flash_card_window.h"
 
-#include "app/handler_guard.h"
-#include "app/main_window.h"
-#include "app/session.h"
-#include "app/start.h"
+#include "core/flags.h"
+#include "core/session.h"
 #include "flash/card_settings.h"
 #include "flash/texts.h"
-#include "sound/word_moves.h"
+#include "store/word_moves.h"
+#include "widgets/controls.h"
+#include "widgets/handler_guard.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -18,29 +18,15 @@ namespace quorvane {
 
 namespace {
 
-const QString kArial = QStringLiteral("Arial");
-const QString kYes = QStringLiteral("yes");
+using flags::kYes;
 
 } // namespace
-
-MainWindow* mainWindowOf(Session& session)
-{
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        auto* main = qobject_cast<MainWindow*>(widget);
-        if (main && &main->session() == &session)
-            return main;
-    }
-    return nullptr;
-}
 
 FlashCardWindow::FlashCardWindow(Session& session, CardStyle style, QWidget* parent)
     : QWidget(parent, Qt::Window), m_session(session), m_style(style)
 {
-    attachSession(this, session);
     setAttribute(Qt::WA_DeleteOnClose);
-    QFont font(kArial);
-    font.setPointSize(9);
-    setFont(font);
+    setFont(controls::font(controls::kArial, 9));
 
     const bool large = style == CardStyle::large;
     const int buttonPoints = large ? 10 : 8;
@@ -85,24 +71,14 @@ FlashCardWindow::FlashCardWindow(Session& session, CardStyle style, QWidget* par
 
 QPushButton* FlashCardWindow::makeButton(const QString& name, const QString& caption, int points)
 {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    QFont font(kArial);
-    font.setPointSize(points);
-    button->setFont(font);
+    QPushButton* button = controls::button(this, name, caption, controls::font(controls::kArial, points));
     button->setFocusPolicy(Qt::NoFocus);
     return button;
 }
 
 QLabel* FlashCardWindow::makeLabel(const QString& name, int points, bool bold)
 {
-    auto* label = new QLabel(this);
-    label->setObjectName(name);
-    QFont font(kArial);
-    font.setPointSize(points);
-    font.setBold(bold);
-    label->setFont(font);
-    return label;
+    return controls::label(this, name, QString(), controls::font(controls::kArial, points, bold));
 }
 
 void FlashCardWindow::guarded(const std::function<void()>& handler)
@@ -182,8 +158,7 @@ void FlashCardWindow::i_know_this_word_click()
 {
     guarded([this] {
         move_to_known(m_session, m_session.current_index);
-        if (MainWindow* main = mainWindowOf(m_session))
-            main->refresh_known_list();
+        m_session.mainView().refresh_known_list();
         m_session.skip_flag = kYes;
     });
 }
@@ -210,8 +185,7 @@ void FlashCardWindow::form_unload()
 {
     m_unloaded = true;
     m_session.stop_flag = kYes;
-    if (MainWindow* main = mainWindowOf(m_session))
-        main->show();
+    m_session.mainView().show_main_window();
 }
 
 void FlashCardWindow::closeEvent(QCloseEvent* event)

@@ -11,11 +11,7 @@ class QPushButton;
 
 namespace quorvane {
 
-class MainWindow;
 class Session;
-
-// The main window that owns a session, or null when it is gone.
-MainWindow* mainWindowOf(Session& session);
 
 // What the large (qvplay) and the small (qvplay2) flash-card windows share: the card texts, the
 // counters, the buttons that change the shared settings, and the card loop itself, playwords().

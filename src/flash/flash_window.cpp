@@ -1,7 +1,6 @@
 #include "flash/flash_window.h"
 
-#include "app/main_window.h"
-#include "app/session.h"
+#include "core/session.h"
 #include "flash/card_settings.h"
 #include "flash/mp3_compile.h"
 #include "flash/texts.h"
@@ -119,8 +118,7 @@ void FlashWindow::showMp3Progress(const QString& text)
 
 void FlashWindow::showWordCount(const QString& caption)
 {
-    if (MainWindow* main = mainWindowOf(m_session))
-        main->Label8->setText(caption);
+    m_session.mainView().show_word_count(caption);
 }
 
 void FlashWindow::delay_top_click()

@@ -1,12 +1,13 @@
 #include "flash/mp3_compile.h"
+#include "store/paths.h"
 
-#include "app/prompts.h"
-#include "app/session.h"
+#include "core/basic.h"
+#include "core/prompts.h"
+#include "core/session.h"
 #include "flash/card_loop.h"
 #include "flash/texts.h"
 #include "sound/playback.h"
 #include "sound/texts.h"
-#include "store/basic.h"
 
 #include <QDir>
 #include <QFile>
@@ -107,16 +108,14 @@ std::optional<qint16> silencePieces(const QString& entry)
 
 QString recording_path(const Session& session, const QString& soundNumber, const QString& language)
 {
-    const QChar separator = QDir::separator();
-    return session.languages_folder + language + separator + soundNumber.left(2) + separator + soundNumber +
-           QStringLiteral(".mp3");
+    return paths::releasedRecording(session.languages_folder, language, soundNumber);
 }
 
 void create_mp3(Session& session)
 {
     if (const auto words = basic::toInteger(session.prompts.input(flash_texts::createMp3Prompt())))
         session.mp3_words_left = *words;
-    QFile::remove(sound_texts::mp3OutputFile());
+    QFile::remove(paths::mp3OutputFile());
     session.prompts.message(flash_texts::createMp3Started());
 }
 
@@ -141,8 +140,8 @@ void auto_mp3(Session& session, const Mp3Progress& progress)
     session.silence_count = *pieces;
 
     PieceCache cache;
-    const QByteArray* silence = cache.bytes(sound_texts::silenceFile());
-    const QByteArray* beep = cache.bytes(flash_texts::beepFile());
+    const QByteArray* silence = cache.bytes(paths::silenceFile());
+    const QByteArray* beep = cache.bytes(paths::beepFile());
     const int count = session.wordCount();
     OutputFile output;
     for (int done = 0; done < count; ++done) {
@@ -154,12 +153,12 @@ void auto_mp3(Session& session, const Mp3Progress& progress)
         if (done % kWordsPerFile == 0) {
             const qsizetype lastSize = output.size();
             output.finish();
-            output.begin(flash_texts::autoMp3FileName(done / kWordsPerFile + 1), lastSize);
+            output.begin(paths::numberedMp3File(done / kWordsPerFile + 1), lastSize);
         }
         const QString soundNumber = session.sound_numbers.value(done);
         const QByteArray* word = cache.bytes(recording_path(session, soundNumber, session.current_language));
-        const QByteArray* translation = cache.bytes(
-            recording_path(session, translation_sound_number(session, soundNumber), session.target_language));
+        const QByteArray* translation =
+            cache.bytes(recording_path(session, card_translation(session, soundNumber), session.target_language));
         for (int repeat = 0; repeat < *repeats; ++repeat) {
             output.append(translation);
             output.append(word);

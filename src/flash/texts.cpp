@@ -1,6 +1,6 @@
 #include "flash/texts.h"
 
-#include "store/basic.h"
+#include "core/basic.h"
 
 namespace quorvane::flash_texts {
 
@@ -216,11 +216,6 @@ QString badSoundNumber(const QString& soundNumber)
         .arg(soundNumber);
 }
 
-QString beepFile()
-{
-    return QStringLiteral("beep.mp3");
-}
-
 QString createMp3Prompt()
 {
     return QStringLiteral(
@@ -264,11 +259,6 @@ QString autoMp3SilencePrompt()
                           "between words (it's fast) or 0.5 for a little bit of a pause.");
 }
 
-QString autoMp3FileName(int number)
-{
-    return QStringLiteral("100words") + QString::number(number) + QStringLiteral(".mp3");
-}
-
 QString filesCompleted(int count)
 {
     return QString::number(count) + QStringLiteral(" files have been completed.");
@@ -277,6 +267,17 @@ QString filesCompleted(int count)
 QString cancelled()
 {
     return QStringLiteral("Action has been cancelled");
+}
+
+QString repeatCountPrompt()
+{
+    return QStringLiteral("How many times should words be repeated before going to the next word? Recommended ranges "
+                          "are from 3 to 30.");
+}
+
+QString repeatCountReset()
+{
+    return QStringLiteral("That was too few or too many. It is now set to 3.");
 }
 
 } // namespace quorvane::flash_texts

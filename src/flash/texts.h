@@ -61,14 +61,16 @@ QString selectListFirst();
 QString badSoundNumber(const QString& soundNumber);
 
 // MP3 compilation.
-QString beepFile();
 QString createMp3Prompt();
 QString createMp3Started();
 QString autoMp3Confirm();
 QString autoMp3RepeatPrompt();
 QString autoMp3SilencePrompt();
-QString autoMp3FileName(int number);
 QString filesCompleted(int count);
 QString cancelled();
+
+// The repeat-count box and its answer to a count out of range.
+QString repeatCountPrompt();
+QString repeatCountReset();
 
 } // namespace quorvane::flash_texts

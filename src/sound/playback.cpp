@@ -1,11 +1,13 @@
 #include "sound/playback.h"
+#include "store/paths.h"
 
-#include "app/clock.h"
-#include "app/prompts.h"
-#include "app/session.h"
+#include "core/clock.h"
+#include "core/flags.h"
+#include "core/prompts.h"
+#include "core/session.h"
+#include "core/sound_library.h"
 #include "sound/sound_error_text.h"
 #include "sound/sound_files.h"
-#include "sound/sound_library.h"
 #include "sound/texts.h"
 
 #include <QFile>
@@ -21,7 +23,7 @@ constexpr float kEndPollWait = 0.01f;
 // Below this speed the end of a sound is not awaited, so the next word may overlap it.
 constexpr float kAwaitEndSpeed = 1.5f;
 
-const QString kYes = QStringLiteral("yes");
+using flags::kYes;
 
 bool endsWith3(const QString& path, const char* last)
 {
@@ -77,13 +79,12 @@ void say_word(Session& session, const QString& soundNumber, const QString& langu
     if (soundNumber.isEmpty())
         return;
     ChosenSound chosen = choose_sound_file(session, soundNumber, language);
-    if (session.showSoundCaption)
-        session.showSoundCaption(sound_texts::fileNumberCaption(soundNumber));
+    session.mainView().show_sound_caption(sound_texts::fileNumberCaption(soundNumber));
     // MP3 capture takes released recordings only; a new recording chosen meanwhile is played.
     if (session.mp3_words_left >= 1 && chosen.extension == QLatin1String(".mp3")) {
-        append_file(chosen.path, sound_texts::mp3OutputFile());
+        append_file(chosen.path, paths::mp3OutputFile());
         for (int i = 0; i < session.silence_count; ++i)
-            append_file(sound_texts::silenceFile(), sound_texts::mp3OutputFile());
+            append_file(paths::silenceFile(), paths::mp3OutputFile());
         return;
     }
     play_sound_file(session, chosen.path);

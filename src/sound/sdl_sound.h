@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sound/sound_library.h"
+#include "core/sound_library.h"
 
 #include <QByteArray>
 #include <QDateTime>

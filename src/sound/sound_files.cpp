@@ -1,7 +1,8 @@
 #include "sound/sound_files.h"
 
-#include "app/session.h"
+#include "core/session.h"
 #include "sound/cipher.h"
+#include "store/paths.h"
 
 #include <QDir>
 #include <QFile>
@@ -53,16 +54,12 @@ QByteArray wavHeader(quint32 dataLength)
 
 ChosenSound choose_sound_file(Session& session, const QString& soundNumber, const QString& language)
 {
-    const QString separator = QDir::separator();
-    const QString folder = soundNumber.left(2);
     ChosenSound chosen;
-    chosen.path = session.languages_folder + language + separator + QStringLiteral("new_str") + separator + folder +
-                  separator + soundNumber + QStringLiteral(".str");
+    chosen.path = paths::newRecording(session.languages_folder, language, soundNumber);
     chosen.extension = QStringLiteral(".str");
     // A new recording is heard only in the record window, even where it is newer than the released one.
     if (!QFileInfo::exists(chosen.path) || !session.record_window_playing) {
-        chosen.path =
-            session.languages_folder + language + separator + folder + separator + soundNumber + QStringLiteral(".mp3");
+        chosen.path = paths::releasedRecording(session.languages_folder, language, soundNumber);
         chosen.extension = QStringLiteral(".mp3");
     }
     if (!QFileInfo::exists(chosen.path))

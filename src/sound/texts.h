@@ -11,17 +11,4 @@ QString fileNumberCaption(const QString& soundNumber);
 QString openFailed(const QString& errorText);
 QString playFailed(const QString& errorText);
 
-// The fixed files of MP3 capture, in the program folder.
-QString mp3OutputFile();
-QString silenceFile();
-
-// The repeat-count box of the flash cards and its answer to a count out of range.
-QString repeatCountPrompt();
-QString repeatCountReset();
-// A word that could not be moved between a student's unknown and known files.
-QString targetNotWritten(const QString& target, const QString& reason);
-QString sourceNotWritten(const QString& target, const QString& source, const QString& reason);
-// A random range too wide for 32-bit arithmetic.
-QString rangeOverflow();
-
 } // namespace quorvane::sound_texts

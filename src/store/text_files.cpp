@@ -111,8 +111,13 @@ QByteArray encodeLines(const QStringList& lines)
 
 bool writeTextLines(const QString& path, const QStringList& lines, QString* error)
 {
+    return writeBytes(path, encodeLines(lines), error);
+}
+
+bool writeBytes(const QString& path, const QByteArray& bytes, QString* error)
+{
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(encodeLines(lines)) < 0 || !file.commit()) {
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
         if (error)
             *error = file.errorString();
         return false;

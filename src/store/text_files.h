@@ -24,6 +24,8 @@ QString readFirstLine(const QString& path);
 QByteArray encodeLines(const QStringList& lines);
 // Replaces a file by these lines, atomically: a crash leaves the old file or the new one.
 bool writeTextLines(const QString& path, const QStringList& lines, QString* error = nullptr);
+// Replaces a file by these bytes, atomically.
+bool writeBytes(const QString& path, const QByteArray& bytes, QString* error = nullptr);
 // Appends these lines to a file, creating it when it does not exist.
 bool appendTextLines(const QString& path, const QStringList& lines, QString* error = nullptr);
 // The length of a file in bytes, -1 when it does not exist.

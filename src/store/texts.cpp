@@ -1,5 +1,7 @@
 #include "store/texts.h"
 
+#include <QFileInfo>
+
 namespace quorvane::texts {
 
 QString tooManyLines(const QString& path, int limit)
@@ -25,6 +27,62 @@ QString badPairingLine(const QString& path, int lineNumber, int highestSoundNumb
         .arg(lineNumber)
         .arg(path)
         .arg(highestSoundNumber);
+}
+
+QString unknownFileNotMade(const QString& path, const QString& reason)
+{
+    return QStringLiteral("Your list of unknown words could not be made in %1 (%2).").arg(path, reason);
+}
+
+QString targetNotWritten(const QString& target, const QString& reason)
+{
+    return QStringLiteral("The word could not be added to %1 (%2). Nothing was moved.")
+        .arg(QFileInfo(target).fileName(), reason);
+}
+
+QString sourceNotWritten(const QString& target, const QString& source, const QString& reason)
+{
+    return QStringLiteral("The word was added to %1, but %2 could not be rewritten (%3). The word is now in both "
+                          "files.")
+        .arg(QFileInfo(target).fileName(), QFileInfo(source).fileName(), reason);
+}
+
+QString unknownWordsCaption(int count)
+{
+    return QString::number(count) + QStringLiteral(" Unknown Words");
+}
+
+QString knownWordsCaption(int count)
+{
+    return QString::number(count) + QStringLiteral(" Known Words");
+}
+
+QString wordsCaption(int count)
+{
+    return QString::number(count) + QStringLiteral(" Words");
+}
+
+QString soundLibraryMissing()
+{
+    return QStringLiteral("Error! The sound library (SDL2) was not found. All the files are not in the right folders.");
+}
+
+QString soundStartFailed(const QString& errorText)
+{
+    return QStringLiteral("An error occured. Please turn off other programs that may be using sound and start "
+                          "this program again. The specific error message is:") +
+           QStringLiteral("\r\n") + errorText;
+}
+
+QString namePrompt()
+{
+    return QStringLiteral(
+        "What is your first name?  This is for the program to remember which words you have learned.");
+}
+
+QString nameTitle()
+{
+    return QStringLiteral("Student Name");
 }
 
 } // namespace quorvane::texts

@@ -9,4 +9,21 @@ QString tooManyLines(const QString& path, int limit);
 QString tooManyEntries(const QString& path, int limit);
 QString badPairingLine(const QString& path, int lineNumber, int highestSoundNumber);
 
+// The unknown file of a list that could not be made.
+QString unknownFileNotMade(const QString& path, const QString& reason);
+// A word that could not be moved between a student's unknown and known files.
+QString targetNotWritten(const QString& target, const QString& reason);
+QString sourceNotWritten(const QString& target, const QString& source, const QString& reason);
+
+// The caption above the word boxes: how many words the shown list holds.
+QString unknownWordsCaption(int count);
+QString knownWordsCaption(int count);
+QString wordsCaption(int count);
+
+// Start-up: the sound library, and the student's name.
+QString soundLibraryMissing();
+QString soundStartFailed(const QString& errorText);
+QString namePrompt();
+QString nameTitle();
+
 } // namespace quorvane::texts

@@ -1,7 +1,10 @@
 #include "store/word_files.h"
 
-#include "app/session.h"
-#include "store/table_limit.h"
+#include "core/basic.h"
+#include "core/prompts.h"
+#include "core/session.h"
+#include "core/table_limit.h"
+#include "store/paths.h"
 #include "store/text_files.h"
 #include "store/texts.h"
 
@@ -30,36 +33,6 @@ bool splitEntry(const QString& line, WordEntry* entry)
 QString joinEntry(const QString& word, const QString& translation, const QString& soundNumber)
 {
     return word + u'|' + translation + u'|' + soundNumber;
-}
-
-void generate_unknowns_file(Session& session)
-{
-    const QString separator = QDir::separator();
-    session.list_file = session.languages_folder + session.current_language + separator + session.current_list + ".txt";
-    const QString userList = session.user_folder + session.current_language + separator + session.current_list;
-    session.known_file = userList + "-k.txt";
-    session.unknown_file = userList + "-u.txt";
-
-    if (QFile::exists(session.unknown_file) || !QFile::exists(session.list_file))
-        return;
-    if (!QFile::exists(session.known_file)) {
-        QFile::copy(session.list_file, session.unknown_file);
-        return;
-    }
-    const QStringList known = readTextLines(session.known_file).value_or(QStringList());
-    if (known.size() > kMaxKnownLines)
-        throw TableLimitError(texts::tooManyLines(session.known_file, kMaxKnownLines));
-    // The known table always holds one empty slot after its lines, so an empty list line is
-    // left out as soon as a known file exists.
-    QSet<QString> knownLines(known.begin(), known.end());
-    knownLines.insert(QString());
-
-    QStringList unknown;
-    for (const QString& line : readTextLines(session.list_file).value_or(QStringList())) {
-        if (!knownLines.contains(line))
-            unknown.append(line);
-    }
-    writeTextLines(session.unknown_file, unknown);
 }
 
 namespace {
@@ -98,8 +71,8 @@ struct EntryBytes
 class PreviousEntries
 {
 public:
-    explicit PreviousEntries(const Session& session)
-        : m_words(session.words), m_translations(session.translations), m_soundNumbers(session.sound_numbers)
+    explicit PreviousEntries(const WordArrays& previous)
+        : m_words(previous.words), m_translations(previous.translations), m_soundNumbers(previous.sound_numbers)
     {
     }
 
@@ -135,25 +108,22 @@ QString decodeField(const char* from, const char* to)
     return from == to ? QString() : decodeWindows1252(QByteArray::fromRawData(from, to - from));
 }
 
-} // namespace
-
-void create_array_of_words(Session& session, const QString& path)
+// The entries of the bytes of a word file; path names the file in the message of a table limit.
+WordArrays parseWordArrays(const QByteArray& bytes, const QString& path, const WordArrays& previousArrays)
 {
     QStringList words;
     QStringList translations;
     QStringList soundNumbers;
-    QFile file(path);
-    if (file.open(QIODevice::ReadOnly)) {
+    {
         // One pass over the bytes: the bars and line ends are single bytes in the code page, and
         // each field is decoded straight from the bytes.
-        const QByteArray bytes = file.readAll();
         const char* const end = bytes.constData() + bytes.size();
         // Growing the arrays as they fill would copy them again and again.
         const qsizetype lines = std::min<qsizetype>(bytes.count('\n') + 1, kMaxWordEntries + 1);
         words.reserve(lines);
         translations.reserve(lines);
         soundNumbers.reserve(lines);
-        PreviousEntries previous(session);
+        PreviousEntries previous(previousArrays);
         const char* line = bytes.constData();
         while (line < end) {
             const char* bars[2] = {nullptr, nullptr};
@@ -189,9 +159,76 @@ void create_array_of_words(Session& session, const QString& path)
     words.append(QString());
     translations.append(QString());
     soundNumbers.append(QString());
-    session.words = std::move(words);
-    session.translations = std::move(translations);
-    session.sound_numbers = std::move(soundNumbers);
+    return {std::move(words), std::move(translations), std::move(soundNumbers)};
+}
+
+QByteArray readBytes(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+ListFiles list_files_of(const Session& session, const QString& list)
+{
+    const QString& language = session.current_language;
+    return {paths::listFile(session.languages_folder, language, list),
+            paths::knownFile(session.user_folder, language, list),
+            paths::unknownFile(session.user_folder, language, list)};
+}
+
+bool make_unknowns_file(const ListFiles& files, QString* error)
+{
+    if (QFile::exists(files.unknown_file) || !QFile::exists(files.list_file))
+        return true;
+    QByteArray unknown;
+    if (!QFile::exists(files.known_file)) {
+        unknown = readBytes(files.list_file);
+    } else {
+        const QStringList known = readTextLines(files.known_file).value_or(QStringList());
+        if (known.size() > kMaxKnownLines)
+            throw TableLimitError(texts::tooManyLines(files.known_file, kMaxKnownLines));
+        // The known table always holds one empty slot after its lines, so an empty list line is
+        // left out as soon as a known file exists.
+        QSet<QString> knownLines(known.begin(), known.end());
+        knownLines.insert(QString());
+        QStringList lines;
+        for (const QString& line : readTextLines(files.list_file).value_or(QStringList())) {
+            if (!knownLines.contains(line))
+                lines.append(line);
+        }
+        unknown = encodeLines(lines);
+    }
+    // A list too long to be shown is refused before the student's copy of it is made, so the list
+    // opens once it is mended.
+    parseWordArrays(unknown, files.list_file, {});
+    return writeBytes(files.unknown_file, unknown, error);
+}
+
+void generate_unknowns_file(Session& session)
+{
+    const ListFiles files = list_files_of(session, session.current_list);
+    session.list_file = files.list_file;
+    session.known_file = files.known_file;
+    session.unknown_file = files.unknown_file;
+    QString error;
+    if (!make_unknowns_file(files, &error))
+        session.prompts.message(texts::unknownFileNotMade(files.unknown_file, error));
+}
+
+WordArrays read_word_arrays(const QString& path, const WordArrays& previous)
+{
+    return parseWordArrays(readBytes(path), path, previous);
+}
+
+void create_array_of_words(Session& session, const QString& path)
+{
+    WordArrays previous{session.words, session.translations, session.sound_numbers};
+    WordArrays arrays = read_word_arrays(path, previous);
+    session.words = std::move(arrays.words);
+    session.translations = std::move(arrays.translations);
+    session.sound_numbers = std::move(arrays.sound_numbers);
 }
 
 void load_trans_index(const QString& path, QStringList& table)
@@ -215,11 +252,24 @@ void load_trans_index(const QString& path, QStringList& table)
         table[slot] = number;
 }
 
+std::optional<QString> translation_sound_number(const Session& session, const QString& soundNumber)
+{
+    const auto slot = basic::toLong(soundNumber);
+    if (!slot || *slot < 0 || *slot >= kSoundNumberSlots)
+        return std::nullopt;
+    return session.target_sound_numbers.value(*slot);
+}
+
 QStringList scan_folder(const QString& folder)
 {
-    QDir dir(folder);
-    return dir.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                         QDir::Name | QDir::IgnoreCase);
+    QStringList names =
+        QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Unsorted);
+    // A Windows file system compares names upper-cased, code by code: "_" comes after the letters.
+    std::sort(names.begin(), names.end(), [](const QString& a, const QString& b) {
+        const int order = QString::compare(a.toUpper(), b.toUpper(), Qt::CaseSensitive);
+        return order != 0 ? order < 0 : a < b;
+    });
+    return names;
 }
 
 QStringList scan_and_sweep(const QString& folder, const QString& suffix)

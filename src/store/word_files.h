@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 namespace quorvane {
 
 class Session;
@@ -17,11 +19,39 @@ struct WordEntry
 bool splitEntry(const QString& line, WordEntry* entry);
 QString joinEntry(const QString& word, const QString& translation, const QString& soundNumber);
 
-// Sets list_file, known_file and unknown_file for current_language and current_list, and makes
-// the unknown file when it does not exist: the list file copied whole when there is no known
-// file, otherwise every list line that is not a line of the known file. An existing unknown file
-// is never rebuilt. Throws TableLimitError (before writing) for a known file of too many lines.
+// The three parallel word arrays of one file, the last slot empty.
+struct WordArrays
+{
+    QStringList words{QString()};
+    QStringList translations{QString()};
+    QStringList sound_numbers{QString()};
+};
+
+// The files of one list: the list in the language folder and the student's known and unknown
+// files of it.
+struct ListFiles
+{
+    QString list_file;
+    QString known_file;
+    QString unknown_file;
+};
+ListFiles list_files_of(const Session& session, const QString& list);
+
+// Makes the unknown file of a list when it does not exist: the list file copied whole when there
+// is no known file, otherwise every list line that is not a line of the known file. An existing
+// unknown file is never rebuilt. Throws TableLimitError before writing for a known file of too
+// many lines, or an unknown file that would hold too many entries. False, with error set, when the
+// file cannot be written.
+bool make_unknowns_file(const ListFiles& files, QString* error);
+
+// Sets list_file, known_file and unknown_file for current_language and current_list and makes the
+// unknown file as make_unknowns_file does; a failure to write it is said in a message box.
 void generate_unknowns_file(Session& session);
+
+// The entries of a word file (none when it cannot be opened). Throws TableLimitError for a file of
+// more than kMaxWordEntries entries. Strings equal to those of previous at the same place are
+// shared with it rather than decoded again.
+WordArrays read_word_arrays(const QString& path, const WordArrays& previous = {});
 
 // Fills words, translations and sound_numbers with the entries of a word file, the last slot
 // empty. A file that cannot be opened gives no entries. Throws TableLimitError, leaving the
@@ -33,7 +63,12 @@ void create_array_of_words(Session& session, const QString& path);
 // table untouched, for a line that names no slot or has no second field.
 void load_trans_index(const QString& path, QStringList& table);
 
-// The names in a folder, as a Windows file system lists them: sorted by name, ignoring case.
+// The translation language's sound number paired with a sound number of the current language
+// ("" where the table holds none); nothing for a sound number that names no slot of the table.
+std::optional<QString> translation_sound_number(const Session& session, const QString& soundNumber);
+
+// The names in a folder, as a Windows file system lists them: compared upper-cased, code by code,
+// so "animals" comes before "animal_sounds".
 QStringList scan_folder(const QString& folder);
 // The names of the files in folder ending with suffix (case-sensitive), without the suffix.
 // Files shorter than 2 bytes are deleted instead of listed.

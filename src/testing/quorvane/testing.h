@@ -3,9 +3,9 @@
 // Test doubles for the seams of Quorvane: scripted boxes, a virtual clock and a sound library
 // that plays nothing but records what it was asked to play.
 
-#include "app/clock.h"
-#include "app/prompts.h"
-#include "sound/sound_library.h"
+#include "core/clock.h"
+#include "core/prompts.h"
+#include "core/sound_library.h"
 
 #include <QByteArray>
 #include <QHash>

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "core/main_view.h"
+
 #include <QString>
 #include <QStringList>
-
-#include <functional>
 
 namespace quorvane {
 
@@ -80,13 +80,17 @@ public:
 
     QString report_text;
 
-    // Set by the main window: shows "File # " and a sound number on its label.
-    std::function<void(const QString& caption)> showSoundCaption;
-    // Set by the main window: refills its word boxes from the arrays.
-    std::function<void()> displayWords;
-
     // Number of entries held by the word arrays (their highest index).
     int wordCount() const { return static_cast<int>(words.size()) - 1; }
+
+    // The main window as every other part sees it; a view that does nothing until one attaches.
+    MainView& mainView() { return m_view ? *m_view : m_noView; }
+    // The main window attaches itself once built and detaches (null) before it goes.
+    void attachMainView(MainView* view) { m_view = view; }
+
+private:
+    MainView* m_view = nullptr;
+    NoMainView m_noView;
 };
 
 } // namespace quorvane

@@ -1,4 +1,4 @@
-#include "app/list_box.h"
+#include "widgets/list_box.h"
 
 #include <QMouseEvent>
 

@@ -1,6 +1,6 @@
-#include "app/session.h"
+#include "core/session.h"
 
-#include "sound/sound_library.h"
+#include "core/sound_library.h"
 
 namespace quorvane {
 

@@ -1,6 +1,6 @@
-#include "app/qt_prompts.h"
+#include "widgets/qt_prompts.h"
 
-#include "app/product.h"
+#include "core/product.h"
 
 #include <QApplication>
 #include <QInputDialog>

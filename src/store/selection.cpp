@@ -1,0 +1,86 @@
+#include "store/selection.h"
+
+#include "core/prompts.h"
+#include "core/session.h"
+#include "store/paths.h"
+#include "store/text_files.h"
+#include "store/texts.h"
+#include "store/word_files.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace quorvane {
+
+LanguageLists choose_language(Session& session, const QString& language)
+{
+    const QString& languages = session.languages_folder;
+    const QString transFile = paths::transFile(languages, language);
+    // Everything that can fail on a table limit is done before anything changes.
+    const bool paired = QFileInfo::exists(transFile);
+    QString target;
+    QString indexFile;
+    QStringList pairings;
+    if (paired) {
+        target = readFirstLine(transFile);
+        indexFile = paths::transIndexFile(languages, language, target);
+        if (QFileInfo::exists(indexFile)) {
+            pairings = session.target_sound_numbers;
+            load_trans_index(indexFile, pairings);
+        }
+    }
+
+    session.shown_file.clear();
+    session.current_language = language;
+    const QString studentFolder = paths::studentLanguageFolder(session.user_folder, language);
+    if (!QFileInfo(studentFolder).isDir())
+        QDir().mkpath(studentFolder);
+    LanguageLists result;
+    result.lists = scan_and_sweep(paths::languageFolder(languages, language), paths::kListSuffix);
+    result.lists.removeAll(paths::masterName(language));
+    result.known_lists = known_lists_of(session);
+
+    session.master_file = paths::masterFile(languages, language);
+    session.trans_file = transFile;
+    if (!paired)
+        return result;
+    session.target_language = target;
+    session.target_master_file = paths::masterFile(languages, target);
+    session.trans_index_file = indexFile;
+    if (!pairings.isEmpty())
+        session.target_sound_numbers = std::move(pairings);
+    return result;
+}
+
+QStringList known_lists_of(const Session& session)
+{
+    return scan_and_sweep(paths::studentLanguageFolder(session.user_folder, session.current_language),
+                          paths::kKnownSuffix);
+}
+
+void choose_list(Session& session, const QString& list, bool known)
+{
+    const ListFiles files = list_files_of(session, list);
+    const QString shown = known ? files.known_file : files.unknown_file;
+    const WordArrays previous{session.words, session.translations, session.sound_numbers};
+    // A known list is read before the unknown file is made, so a limit of either changes nothing.
+    WordArrays arrays;
+    if (known)
+        arrays = read_word_arrays(shown, previous);
+    QString error;
+    if (!make_unknowns_file(files, &error))
+        session.prompts.message(texts::unknownFileNotMade(files.unknown_file, error));
+    if (!known)
+        arrays = read_word_arrays(shown, previous);
+
+    session.current_list = list;
+    session.list_file = files.list_file;
+    session.known_file = files.known_file;
+    session.unknown_file = files.unknown_file;
+    session.shown_file = shown;
+    session.words = std::move(arrays.words);
+    session.translations = std::move(arrays.translations);
+    session.sound_numbers = std::move(arrays.sound_numbers);
+}
+
+} // namespace quorvane

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QStringList>
+
+namespace quorvane {
+
+class Session;
+
+// What the main window shows once a language is chosen.
+struct LanguageLists
+{
+    QStringList lists;       // the word lists of the language, master left out
+    QStringList known_lists; // the student's known lists of the language
+};
+
+// Chooses a language: current_language, master_file and trans_file follow it, the student's
+// folder of the language is made, and where the language has a trans file, target_language,
+// target_master_file, trans_index_file and the pairing table follow too (without one, the
+// previous language's stay in force). shown_file is cleared. A malformed pairing file throws
+// TableLimitError before any session value changes.
+LanguageLists choose_language(Session& session, const QString& language);
+
+// The student's known lists of the current language (word files shorter than 2 bytes are swept).
+QStringList known_lists_of(const Session& session);
+
+// Chooses a list of the current language and shows its unknown words, or its known words: the
+// files of the list, current_list, shown_file and the word arrays follow; the unknown file is made
+// when missing. A table limit throws TableLimitError before any session value or file changes.
+void choose_list(Session& session, const QString& list, bool known);
+
+} // namespace quorvane

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QStringList>
+
+namespace quorvane {
+
+class Session;
+
+// Asks the student's first name and makes the student's folders: sets user_name (as typed;
+// Cancel gives "") and user_folder (the program folder, "users", the name, each followed by the
+// separator). Folders that cannot be made are passed over silently, kept so: the first move of a
+// word says what could not be written.
+void ask_user_name(Session& session);
+
+// The start of a run, before the languages are listed: checks that the sound library is there
+// (if not, says so and returns false, doing nothing more), starts it (a failure is said, and the
+// run goes on without sound), asks the student's name and sets languages_folder.
+bool start_up(Session& session);
+
+// The installed languages, in the order the folder lists them.
+QStringList installed_languages(const Session& session);
+
+} // namespace quorvane
