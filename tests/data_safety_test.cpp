@@ -137,7 +137,9 @@ TEST(DataSafety, AFirstOpeningThatCannotMakeTheUnknownFileSaysWhyAndStrayRewrite
     const auto prepare = [](Program& p) {
         p.folder.write("users/kestrin/spanish/words-u.txt.rewrite.tmp", "half a rewr");
         p.folder.write("100words1.mp3.rewrite.tmp", "half an mp3");
+        p.folder.write("languages/spanish/words.txt.rewrite.tmp", "half a list");
         openCourse(p, 3);
+        EXPECT_FALSE(p.folder.exists("languages/spanish/words.txt.rewrite.tmp"));
         EXPECT_FALSE(p.folder.exists("users/kestrin/spanish/words-u.txt.rewrite.tmp"));
         EXPECT_FALSE(p.folder.exists("100words1.mp3.rewrite.tmp"));
         QFile::remove(p.folder.file("users/kestrin/spanish/words-u.txt"));
