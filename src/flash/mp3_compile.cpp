@@ -124,6 +124,7 @@ void create_mp3(Session& session)
     if (const auto words = basic::toInteger(session.prompts.input(flash_texts::createMp3Prompt())))
         session.mp3_words_left = *words;
     QFile::remove(paths::mp3OutputFile());
+    QFile::remove(mp3_capture_file());
     session.prompts.message(flash_texts::createMp3Started());
 }
 
