@@ -1,0 +1,199 @@
+#include "core/flags.h"
+#include "sound/recording.h"
+#include "sound/sdl_sound.h"
+#include "test_support.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <initializer_list>
+
+using namespace quorvane;
+using quorvane::test::ProgramFolder;
+using quorvane::test::runTool;
+
+namespace {
+
+constexpr int kRate = 22050;
+
+// 16-bit little-endian samples.
+QByteArray samples(std::initializer_list<int> values)
+{
+    QByteArray bytes;
+    for (const int value : values) {
+        bytes.append(static_cast<char>(value & 0xFF));
+        bytes.append(static_cast<char>((value >> 8) & 0xFF));
+    }
+    return bytes;
+}
+
+QByteArray repeated(int value, int count)
+{
+    QByteArray bytes;
+    for (int i = 0; i < count; ++i)
+        bytes += samples({value});
+    return bytes;
+}
+
+// A .str file deciphered by the openssl command line.
+QByteArray opensslDecipher(const ProgramFolder& folder, const QString& strFile)
+{
+    runTool("openssl", {"enc", "-d", "-bf-cbc", "-provider", "legacy", "-provider", "default", "-K",
+                        "5c1e07a9d3b46f28e90d1a7c3b5f2e84", "-iv", "a4d90e3b7c1f6285", "-in", folder.file(strFile),
+                        "-out", folder.file("plain.raw")});
+    return folder.read("plain.raw");
+}
+
+// A session over the test doubles, the fake microphone timed by the fake clock.
+struct Recorder
+{
+    explicit Recorder(FakeSound& library) : sound(library) { sound.useClock(clock); }
+    ScriptedPrompts prompts;
+    FakeClock clock;
+    FakeSound& sound;
+    Session session{prompts, sound, clock};
+};
+
+// A microphone whose capture never starts.
+class NoMicrophone : public FakeSound
+{
+public:
+    bool recordStartSample(int, bool) override
+    {
+        error = kSoundNoRecordingDevice;
+        return false;
+    }
+};
+
+class NoMemory : public FakeSound
+{
+public:
+    int sampleAlloc(int, int, unsigned, int, int, int, int) override
+    {
+        error = kSoundOutOfMemory;
+        return 0;
+    }
+};
+
+} // namespace
+
+TEST(Recording, SilenceIsCutAtTheNegativeSamplesAroundTheLoudPart)
+{
+    // Quiet, two negative samples, the first loud one (518), more, the last loud one, a negative one
+    // and quiet again: the cut runs from the second negative to the negative after the loud part.
+    const QByteArray loudPart = samples({-50, 518, 3, -7, 4000, -2});
+    const QByteArray take = repeated(0, 20) + samples({-100, 100}) + loudPart + samples({9, -300}) + repeated(0, 20);
+    EXPECT_EQ(cut_silence(take), loudPart);
+
+    // Without negative samples the cut is the loud samples themselves; 517 and a high byte of 1 are not loud.
+    EXPECT_EQ(cut_silence(repeated(517, 12) + samples({600, 0, 700}) + repeated(256, 12)), samples({600, 0, 700}));
+    // A take with no loud sample, or too short to scan, is kept whole.
+    const QByteArray quiet = repeated(0, 10) + samples({-4, 100, -4}) + repeated(0, 10);
+    EXPECT_EQ(cut_silence(quiet), quiet);
+    EXPECT_EQ(cut_silence(samples({1000})), samples({1000}));
+    EXPECT_EQ(cut_silence(QByteArray()), QByteArray());
+
+    EXPECT_EQ(recording_length(1.4f, kRate), 30870);
+    EXPECT_EQ(recording_length(1.8f, kRate), 39690);
+    EXPECT_EQ(recording_length(0.0f, kRate), 0);
+
+    const TakeLevel level = take_level(repeated(0, 11025) + samples({-16384}), kRate);
+    EXPECT_NEAR(level.seconds, 0.5, 0.001);
+    EXPECT_NEAR(level.peakDbfs, -6.02, 0.01);
+    EXPECT_TRUE(take_level(repeated(0, 100), kRate).silent);
+}
+
+TEST(Recording, StoresTheCutTakeEncipheredAndStopsEarlyOnStop)
+{
+    ProgramFolder folder;
+    FakeSound sound;
+    Recorder recorder(sound);
+    // 0.2 s of quiet, a negative sample, a 1 s tone of 1000 and -1000, quiet to the end.
+    QByteArray tone;
+    for (int i = 0; i < kRate / 2; ++i)
+        tone += samples({1000, -1000});
+    sound.microphone = repeated(0, 4410) + samples({-20}) + tone + repeated(0, 30870);
+
+    const QByteArray stored = record_word(recorder.session, folder.file("01436.str"), kRate, 1.4f, 1, 2);
+    EXPECT_EQ(stored, samples({-20}) + tone);
+    EXPECT_EQ(opensslDecipher(folder, "01436.str"), stored);
+    EXPECT_FALSE(folder.exists("01436.tmp"));
+    // Polled every 0.01 s until 1300 frames short of the full 30870.
+    EXPECT_GE(recorder.clock.now - 36000.0, 29570.0 / kRate);
+    EXPECT_LE(recorder.clock.now - 36000.0, 29570.0 / kRate + 0.02);
+    EXPECT_TRUE(recorder.prompts.shown.isEmpty());
+
+    // STOP half-way keeps what was recorded until then; a new take replaces the old file whole.
+    sound.microphone = repeated(1000, 30870);
+    recorder.clock.at(0.5, [&] { recorder.session.stop_flag = flags::kYes; });
+    const QByteArray half = record_word(recorder.session, folder.file("01436.str"), kRate, 1.4f, 1, 2);
+    EXPECT_GE(half.size(), 2 * (kRate / 2 - 5));
+    EXPECT_LE(half.size(), 2 * (kRate / 2 + 250));
+    EXPECT_EQ(half, repeated(1000, half.size() / 2));
+    EXPECT_EQ(opensslDecipher(folder, "01436.str"), half);
+
+    // Zero seconds records nothing and does not wait.
+    recorder.session.stop_flag.clear();
+    const long waits = recorder.clock.processed;
+    EXPECT_TRUE(record_word(recorder.session, folder.file("00000.str"), kRate, 0.0f, 1, 2).isEmpty());
+    EXPECT_EQ(recorder.clock.processed, waits);
+    EXPECT_EQ(opensslDecipher(folder, "00000.str"), QByteArray());
+}
+
+TEST(Recording, LibraryFailuresAreToldAndLeaveAnEmptyFileWithoutWaiting)
+{
+    ProgramFolder folder;
+    NoMicrophone noMicrophone;
+    Recorder recorder(noMicrophone);
+    EXPECT_TRUE(record_word(recorder.session, folder.file("01436.str"), kRate, 1.4f, 1, 2).isEmpty());
+    EXPECT_EQ(recorder.prompts.texts(),
+              QStringList({"Record StartSample Error: Recording is not supported on this machine",
+                           "Record Stop Error: An invalid parameter was passed to this function"}));
+    EXPECT_EQ(recorder.clock.processed, 0);
+    EXPECT_EQ(opensslDecipher(folder, "01436.str"), QByteArray());
+
+    NoMemory noMemory;
+    Recorder second(noMemory);
+    record_word(second.session, folder.file("01437.str"), kRate, 1.4f, 1, 2);
+    EXPECT_EQ(second.prompts.texts(),
+              QStringList({"Sample Alloc Error: Not enough memory ",
+                           "Record StartSample Error: An invalid parameter was passed to this function",
+                           "Record Stop Error: An invalid parameter was passed to this function",
+                           "Sample Lock Error: An invalid parameter was passed to this function"}));
+    EXPECT_TRUE(folder.exists("01437.str"));
+}
+
+TEST(Recording, RecordsAToneThroughSdlFromTheDiskDriver)
+{
+    ProgramFolder folder;
+    // 0.3 s of silence, then a 0.5 s tone of 440 Hz starting with a negative half wave.
+    QByteArray input = repeated(0, kRate * 3 / 10);
+    QByteArray tone;
+    for (int i = 0; i < kRate / 2; ++i)
+        tone += samples({static_cast<int>(std::lround(-8000 * std::sin(2 * M_PI * 440 * i / kRate)))});
+    folder.write("microphone.raw", input + tone);
+
+    const QByteArray driver = qgetenv("SDL_AUDIODRIVER");
+    qputenv("SDL_AUDIODRIVER", "disk");
+    qputenv("SDL_DISKAUDIOFILEIN", folder.file("microphone.raw").toLocal8Bit());
+    qputenv("SDL_DISKAUDIOFILE", folder.file("speaker.raw").toLocal8Bit());
+    qputenv("SDL_DISKAUDIODELAY", "0");
+    QByteArray stored;
+    {
+        SdlSound sound;
+        ScriptedPrompts prompts;
+        QtClock clock;
+        Session session(prompts, sound, clock);
+        stored = record_word(session, folder.file("01436.str"), kRate, 1.4f, 1, 2);
+        EXPECT_TRUE(prompts.shown.isEmpty()) << prompts.texts().join("\n").toStdString();
+    }
+    qputenv("SDL_AUDIODRIVER", driver);
+
+    // The tone comes back whole but for its first and last half waves, which the cut may take.
+    const qsizetype period = 2 * kRate / 440;
+    const qsizetype at = tone.indexOf(stored);
+    EXPECT_GE(at, 0);
+    EXPECT_LE(at, period);
+    EXPECT_GE(stored.size(), tone.size() - 2 * period);
+    EXPECT_EQ(opensslDecipher(folder, "01436.str"), stored);
+}
