@@ -1,4 +1,5 @@
 #include "core/flags.h"
+#include "record/record_session.h"
 #include "sound/recording.h"
 #include "sound/sdl_sound.h"
 #include "test_support.h"
@@ -196,4 +197,200 @@ TEST(Recording, RecordsAToneThroughSdlFromTheDiskDriver)
     EXPECT_LE(at, period);
     EXPECT_GE(stored.size(), tone.size() - 2 * period);
     EXPECT_EQ(opensslDecipher(folder, "01436.str"), stored);
+}
+
+// ---- recording sessions
+
+namespace {
+
+// The record window as the session sees it: the word lists' selections, and what was shown when.
+class FakeRecordView : public RecordView
+{
+public:
+    FakeRecordView(RecordState& state, FakeClock& clock) : m_state(state), m_clock(clock) {}
+
+    bool unloaded() const override { return false; }
+    int selectedRow(const QString& kind) const override { return rows.value(kind, -1); }
+    bool selectRow(const QString& kind, int row) override
+    {
+        if (row < 0 || row >= m_state.lists.of(kind).count)
+            return false;
+        rows[kind] = row;
+        selections.append(row);
+        choose_row(m_state, kind, row);
+        return true;
+    }
+    void showFileNumber(const QString& caption) override { shown.append(caption); }
+    void showCountdown(const QString& text) override
+    {
+        if (text.isEmpty())
+            return;
+        countdowns.append(text);
+        times.append(m_clock.now);
+        if (onCountdown)
+            onCountdown(text);
+    }
+    void colourSession(SessionColour colour) override { colours.append(colour); }
+    void showTake(const QString& text) override { takes.append(text); }
+
+    QHash<QString, int> rows;
+    QList<int> selections;
+    QStringList shown;
+    QStringList countdowns;
+    QList<double> times; // when each countdown text was shown
+    QList<SessionColour> colours;
+    QStringList takes;
+    std::function<void(const QString&)> onCountdown;
+
+private:
+    RecordState& m_state;
+    FakeClock& m_clock;
+};
+
+QString soundNumber(int i)
+{
+    return QStringLiteral("01%1").arg(i, 3, 10, QLatin1Char('0'));
+}
+
+// A session over a list of count words without recordings, on a loud fake microphone.
+struct SessionRun
+{
+    explicit SessionRun(int count)
+    {
+        sound.microphone = repeated(1000, kRate * 31);
+        recorder.session.languages_folder = folder.path() + "/languages/";
+        recorder.session.current_language = "spanish";
+        for (int i = 0; i < count; ++i) {
+            state.lists.without.words.append("w" + QString::number(i));
+            state.lists.without.translations.append("t" + QString::number(i));
+            state.lists.without.sound_numbers.append(soundNumber(i));
+        }
+        state.lists.without.count = count;
+    }
+    void choose(int row)
+    {
+        view.selectRow(kWithoutSounds, row);
+        view.selections.clear();
+    }
+    // The rows whose recording exists.
+    QList<int> recorded(int count) const
+    {
+        QList<int> rows;
+        for (int i = 0; i < count; ++i) {
+            if (folder.exists("languages/spanish/new_str/01/" + soundNumber(i) + ".str"))
+                rows.append(i);
+        }
+        return rows;
+    }
+    void run() { misc_rec(recorder.session, state, view, &guard); }
+
+    ProgramFolder folder;
+    FakeSound sound;
+    Recorder recorder{sound};
+    RecordState state;
+    FakeRecordView view{state, recorder.clock};
+    QObject guard;
+};
+
+QList<int> range(int from, int to)
+{
+    QList<int> rows;
+    for (int i = from; i <= to; ++i)
+        rows.append(i);
+    return rows;
+}
+
+} // namespace
+
+TEST(RecordingSession, ManyWordsCountDownScrollEveryEleventhWordAndStepBackOnStop)
+{
+    SessionRun run(40);
+    run.state.fast_method = flags::kYes;
+    run.choose(0);
+    // STOP as the twelfth word counts down.
+    int ones = 0;
+    run.view.onCountdown = [&](const QString& text) {
+        if (text == "1" && ++ones == 12)
+            run.recorder.session.stop_flag = flags::kYes;
+    };
+    start_recording(run.recorder.session, run.state, run.view, &run.guard, 1.4f, false);
+
+    // The first word counts "2", "1" in slow steps even with the fast method; the next ones "1" alone.
+    EXPECT_EQ(run.view.countdowns.mid(0, 6), QStringList({"2", "1", "Speak", "1", "Speak", "1"}));
+    const QList<double>& at = run.view.times;
+    EXPECT_NEAR(at[1] - at[0], 0.6, 0.02);
+    EXPECT_NEAR(at[2] - at[1], 0.6, 0.02);
+    EXPECT_NEAR(at[4] - at[3], 0.7, 0.02);
+    // Between two words: 0.13 s, then the recording, stopped 1300 frames short of 1.4 s.
+    EXPECT_NEAR(at[3] - at[2], 0.13 + 29570.0 / kRate, 0.03);
+    // Eleven words recorded; the list scrolled on the eleventh (row 10) through row 21; the stop steps
+    // back two rows from the twelfth.
+    EXPECT_EQ(run.recorded(40), range(0, 10));
+    EXPECT_EQ(run.view.selections, range(1, 10) + QList<int>({21, 10, 11, 9}));
+    EXPECT_EQ(run.view.shown.last(), "File: 01011");
+    EXPECT_EQ(run.view.takes.size(), 11);
+    EXPECT_EQ(run.view.colours.last(), SessionColour::idle);
+    EXPECT_EQ(run.recorder.session.recording_active, "no");
+    EXPECT_EQ(run.recorder.session.stop_flag, "no");
+    EXPECT_EQ(run.state.record_single, "no");
+    EXPECT_EQ(run.state.record_seconds, 1.0f);
+}
+
+TEST(RecordingSession, ManyWordsEndNearTheBottomWithoutRecordingTheEleventh)
+{
+    SessionRun run(40);
+    run.choose(25);
+    run.run();
+    EXPECT_EQ(run.recorded(40), range(25, 34));
+    EXPECT_EQ(run.view.rows.value(kWithoutSounds), 35);
+    EXPECT_EQ(run.recorder.session.recording_active, "no");
+
+    // Started on the last row: that word once, the selection unchanged.
+    SessionRun last(3);
+    last.choose(2);
+    last.run();
+    EXPECT_EQ(last.recorded(3), QList<int>{2});
+    EXPECT_TRUE(last.view.selections.isEmpty());
+}
+
+TEST(RecordingSession, SingleWordsAndRefusals)
+{
+    SessionRun run(3);
+    Session& session = run.recorder.session;
+    // No list clicked: the message, and recording_active left "yes".
+    run.run();
+    EXPECT_EQ(run.recorder.prompts.texts(),
+              QStringList({"You have to select a word on one of the lists. If you just added the word and don't see "
+                           "it, you need to click the refresh button and then look at the bottom of the list."}));
+    EXPECT_EQ(session.recording_active, "yes");
+    EXPECT_EQ(run.state.record_seconds, 1.0f);
+    run.state.selected_list_kind = kWithoutSounds;
+    run.run();
+    EXPECT_EQ(run.recorder.prompts.texts().last(), "You have to select a word on one of the lists.");
+    EXPECT_TRUE(run.recorded(3).isEmpty());
+
+    // A duration never set records 1.4 s over the old recording; the selection moves on, and stays on
+    // the last row.
+    run.choose(1);
+    run.state.record_seconds = 0.0f;
+    run.state.record_single = flags::kYes;
+    run.folder.write("languages/spanish/new_str/01/01001.str", "old");
+    run.run();
+    const qsizetype frames = opensslDecipher(run.folder, "languages/spanish/new_str/01/01001.str").size() / 2;
+    EXPECT_GE(frames, 29570);
+    EXPECT_LT(frames, 29570 + kRate / 50);
+    ASSERT_EQ(run.view.takes.size(), 1);
+    EXPECT_TRUE(run.view.takes[0].endsWith(" s, peak -30.3 dBFS")) << run.view.takes[0].toStdString();
+    EXPECT_EQ(run.view.rows.value(kWithoutSounds), 2);
+    start_recording(session, run.state, run.view, &run.guard, 0.8f, true);
+    EXPECT_EQ(run.view.rows.value(kWithoutSounds), 2);
+    EXPECT_EQ(run.recorded(3), QList<int>({1, 2}));
+
+    // STOP during the countdown records nothing and leaves the recordings made.
+    run.choose(0);
+    run.recorder.clock.at(0.3, [&] { session.stop_flag = flags::kYes; });
+    start_recording(session, run.state, run.view, &run.guard, 1.0f, true);
+    EXPECT_EQ(run.recorded(3), QList<int>({1, 2}));
+    EXPECT_EQ(run.view.countdowns.last(), "2");
+    EXPECT_EQ(session.stop_flag, "no");
 }
