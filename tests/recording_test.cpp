@@ -1,8 +1,16 @@
 #include "core/flags.h"
 #include "record/record_session.h"
+#include "record/record_window.h"
+#include "sound/cipher.h"
 #include "sound/recording.h"
 #include "sound/sdl_sound.h"
 #include "test_support.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
 
 #include <gtest/gtest.h>
 
@@ -393,4 +401,131 @@ TEST(RecordingSession, SingleWordsAndRefusals)
     EXPECT_EQ(run.recorded(3), QList<int>({1, 2}));
     EXPECT_EQ(run.view.countdowns.last(), "2");
     EXPECT_EQ(session.stop_flag, "no");
+}
+
+// ---- the record-and-edit window
+
+namespace {
+
+using quorvane::test::items;
+using quorvane::test::Program;
+
+const QString kLong61 = QString(61, 'a');
+const QString kLong60 = QString(60, 'b');
+
+// A Spanish list "words": one word with a released recording, one with a new one, one without a
+// sound number and three without a recording.
+MainWindow* openRecordCourse(Program& program)
+{
+    const QByteArray list = "palabra0|word0|01000\r\npalabra1|word1|01001\r\nsin numero|no number|\r\n"
+                            "palabra2|word2|01002\r\n" +
+                            kLong61.toLatin1() + "|long|01003\r\n" + kLong60.toLatin1() + "|sixty|01004\r\n";
+    program.folder.write("languages/spanish/words.txt", list);
+    program.folder.write("languages/spanish/01/01000.mp3", "W0");
+    program.folder.write("plain.tmp", repeated(1000, 100));
+    program.folder.mkdir("languages/spanish/new_str/01");
+    encipher_file(program.folder.file("plain.tmp"), program.folder.file("languages/spanish/new_str/01/01001.str"));
+    program.sound.microphone = repeated(1000, kRate * 31);
+    MainWindow* main = program.start("spanish");
+    return main;
+}
+
+RecordWindow* recordWindow()
+{
+    return static_cast<RecordWindow*>(quorvane::window("qvrecord"));
+}
+
+} // namespace
+
+TEST(RecordWindow, SplitsTheListPlaysClickedWordsAndReturns)
+{
+    Program program;
+    MainWindow* main = openRecordCourse(program);
+    main->record_word_list_click();
+    EXPECT_EQ(program.prompts.texts().last(), "First select a list of words to record or edit.");
+    EXPECT_TRUE(main->isVisible());
+    main->record_word_word_click();
+    EXPECT_EQ(program.prompts.texts().last(), "First select a word to record or edit.");
+
+    Program::choose(main->lists_list, "words");
+    main->record_word_list_click();
+    RecordWindow* record = recordWindow();
+    ASSERT_NE(record, nullptr);
+    EXPECT_FALSE(main->isVisible());
+    EXPECT_EQ(record->current_list->text(), "words");
+    EXPECT_EQ(items(record->span_list_w), QStringList({"palabra0", "palabra1"}));
+    EXPECT_EQ(items(record->eng_list_w), QStringList({"word0", "word1"}));
+    EXPECT_EQ(items(record->span_list_wo), QStringList({"palabra2", kLong61, kLong60}));
+    EXPECT_EQ(items(record->eng_list_wo), QStringList({"word2", "long", "sixty"}));
+    EXPECT_EQ(record->words_with_sound->text(), "2 Words With Sound Files");
+    EXPECT_EQ(record->words_without_sound->text(), "3 Words Without Sound Files");
+
+    // A click on a translation selects and plays its word, from the new recording.
+    select_row(record->eng_list_w, 1);
+    EXPECT_EQ(record->span_list_w->currentRow(), 1);
+    EXPECT_EQ(record->left_word->text(), "palabra1");
+    EXPECT_EQ(record->right_word->text(), "word1");
+    EXPECT_EQ(record->filenum_lbl->text(), "File: 01001");
+    EXPECT_EQ(program.sound.played.last(), program.played("spanish/new_str/01/01001.wav"));
+    EXPECT_FALSE(program.session().record_window_playing);
+    select_row(record->span_list_wo, 1);
+    EXPECT_EQ(record->left_word->font().pointSize(), 8);
+    EXPECT_FALSE(record->left_word->font().bold());
+    select_row(record->span_list_wo, 2);
+    EXPECT_EQ(record->right_word->font().pointSize(), 10);
+    EXPECT_TRUE(record->right_word->font().bold());
+    EXPECT_EQ(record->state.current_sound_number, "01004");
+
+    // The speed button says what it does before it does it.
+    record->record_speed->click();
+    record->record_speed->click();
+    EXPECT_EQ(program.prompts.texts().mid(3), QStringList({"This makes the pause between recordings shorter (fast). "
+                                                           "Click again to make it longer (slow).",
+                                                           "This makes the pause between recordings longer (slow). "
+                                                           "Click again to make it shorter (fast)."}));
+    EXPECT_EQ(record->record_speed->text(), "Click for fast method");
+
+    record->exit_button->click();
+    EXPECT_EQ(recordWindow(), nullptr);
+    EXPECT_TRUE(main->isVisible());
+    EXPECT_EQ(program.session().stop_flag, "yes");
+}
+
+TEST(RecordWindow, RecordsOneWordAndClosingStopsASession)
+{
+    Program program;
+    MainWindow* main = openRecordCourse(program);
+    Program::choose(main->lists_list, "words");
+    // The row is taken as the index of the main window's arrays, where the entry without a sound
+    // number still stands: row 3 shows the 61-letter word, index 3 is palabra2.
+    select_row(main->words_list, 3);
+    main->record_word_word_click();
+    RecordWindow* record = recordWindow();
+    ASSERT_NE(record, nullptr);
+    EXPECT_EQ(record->words_with_sound->text(), "Words With Sound Files");
+    EXPECT_EQ(items(record->span_list_wo), QStringList({"palabra2"}));
+    EXPECT_TRUE(items(record->span_list_w).isEmpty());
+
+    // Countdown and recording through the window's buttons; the take's level shows beside the number.
+    select_row(record->span_list_wo, 0);
+    QStringList countdowns;
+    for (const double at : {0.3, 0.9, 1.25})
+        program.clock.at(at, [&] { countdowns.append(record->countdown->text()); });
+    record->one_single->click();
+    EXPECT_EQ(countdowns, QStringList({"2", "1", "Speak"}));
+    EXPECT_TRUE(program.folder.exists("languages/spanish/new_str/01/01002.str"));
+    EXPECT_TRUE(record->take_level_lbl->text().endsWith("dBFS"));
+    EXPECT_EQ(record->countdown->text(), "");
+    EXPECT_EQ(program.session().recording_active, "no");
+
+    // The close box is served during a session's countdown: it ends, nothing more is recorded.
+    QFile::remove(program.folder.file("languages/spanish/new_str/01/01002.str"));
+    QPointer<RecordWindow> closing = record;
+    program.clock.at(0.3, [&] { record->close(); });
+    record->five_many->click();
+    EXPECT_FALSE(program.folder.exists("languages/spanish/new_str/01/01002.str"));
+    EXPECT_TRUE(main->isVisible());
+    EXPECT_EQ(program.session().recording_active, "no");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(closing.isNull());
 }
