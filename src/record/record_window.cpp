@@ -180,8 +180,6 @@ void RecordWindow::buildLayout()
     recording->addLayout(durations);
     stop_auto_record->setMinimumHeight(40);
     recording->addWidget(stop_auto_record);
-    Check1->setMaximumWidth(300);
-    recording->addWidget(Check1);
     recording->addStretch(1);
 
     auto* editing = new QGridLayout;
@@ -204,6 +202,7 @@ void RecordWindow::buildLayout()
     middle->addWidget(right_word);
     middle->addLayout(file);
     middle->addWidget(Label4);
+    middle->addWidget(Check1);
     middle->addSpacing(8);
     middle->addLayout(editing);
     middle->addSpacing(8);
