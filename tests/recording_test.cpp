@@ -441,14 +441,14 @@ TEST(RecordWindow, SplitsTheListPlaysClickedWordsAndReturns)
 {
     Program program;
     MainWindow* main = openRecordCourse(program);
-    main->record_word_list_click();
+    main->record_word_list->click();
     EXPECT_EQ(program.prompts.texts().last(), "First select a list of words to record or edit.");
     EXPECT_TRUE(main->isVisible());
-    main->record_word_word_click();
+    main->record_word_word->click();
     EXPECT_EQ(program.prompts.texts().last(), "First select a word to record or edit.");
 
     Program::choose(main->lists_list, "words");
-    main->record_word_list_click();
+    main->record_word_list->click();
     RecordWindow* record = recordWindow();
     ASSERT_NE(record, nullptr);
     EXPECT_FALSE(main->isVisible());
@@ -499,7 +499,7 @@ TEST(RecordWindow, RecordsOneWordAndClosingStopsASession)
     // The row is taken as the index of the main window's arrays, where the entry without a sound
     // number still stands: row 3 shows the 61-letter word, index 3 is palabra2.
     select_row(main->words_list, 3);
-    main->record_word_word_click();
+    main->record_word_word->click();
     RecordWindow* record = recordWindow();
     ASSERT_NE(record, nullptr);
     EXPECT_EQ(record->words_with_sound->text(), "Words With Sound Files");
