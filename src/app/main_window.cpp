@@ -196,9 +196,10 @@ void MainWindow::wireHandlers()
     connect(Help2, &QAction::triggered, this, &MainWindow::Help2_click);
     connect(Troubleshooting, &QAction::triggered, this, &MainWindow::Troubleshooting_click);
     connect(About1, &QAction::triggered, this, &MainWindow::About1_click);
+    connect(record_word_word, &QPushButton::clicked, this, &MainWindow::record_word_word_click);
+    connect(record_word_list, &QPushButton::clicked, this, &MainWindow::record_word_list_click);
     // Parts of the program still to come: their buttons are shown but cannot be pressed yet.
-    for (QPushButton* button :
-         {test_me, show_test_results, print_list, record_word_word, record_word_list, new_language, add_list}) {
+    for (QPushButton* button : {test_me, show_test_results, print_list, new_language, add_list}) {
         button->setEnabled(false);
         button->setToolTip(main_texts::notYetAvailable());
     }

@@ -103,6 +103,10 @@ public slots:
     void Troubleshooting_click();
     void About1_click();
 
+    // Recording: the record-and-edit window for the selected word or the whole list.
+    void record_word_word_click();
+    void record_word_list_click();
+
 private:
     void buildControls();
     QLabel* makeLabel(const QString& name);
