@@ -1,0 +1,232 @@
+#include "store/search.h"
+
+#include "core/prompts.h"
+#include "core/session.h"
+#include "core/table_limit.h"
+#include "store/search_texts.h"
+#include "store/text_files.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QStringMatcher>
+
+namespace quorvane {
+
+namespace {
+
+// The letters whose presence makes a text count as accented. Kept as it is: ò and ó are not
+// among them although the folding below handles them.
+bool passesAccentTest(const QString& text)
+{
+    for (const QChar character : text) {
+        switch (character.unicode()) {
+        case 246:
+        case 245:
+        case 241:
+        case 237:
+        case 236:
+        case 233:
+        case 232:
+        case 227:
+        case 225:
+        case 224:
+            return true;
+        default:
+            break;
+        }
+    }
+    return false;
+}
+
+QChar folded(QChar character)
+{
+    switch (character.unicode()) {
+    case 224:
+    case 225:
+    case 227:
+        return u'a';
+    case 232:
+    case 233:
+        return u'e';
+    case 236:
+    case 237:
+        return u'i';
+    case 241:
+        return u'n';
+    case 242:
+    case 243:
+    case 245:
+    case 246:
+        return u'o';
+    default:
+        return character;
+    }
+}
+
+QString foldAccents(QString text)
+{
+    for (QChar& character : text)
+        character = folded(character);
+    return text;
+}
+
+// A line that is exactly this closes a word file; it is no entry.
+const QString kClosingLine = QStringLiteral("||");
+
+} // namespace
+
+struct MasterCache::Line
+{
+    QString fields[3];     // the first three fields; those the line lacks are empty
+    int fieldCount = 0;    // how many fields the line splits into
+    QString accentFree[2]; // word and translation folded; null where the field passes no accent test
+};
+
+MasterCache::MasterCache() = default;
+MasterCache::~MasterCache() = default;
+
+const QList<MasterCache::Line>* MasterCache::lines(const QString& path, QString* error)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        if (error)
+            *error = file.errorString();
+        return nullptr;
+    }
+    QByteArray bytes = file.readAll();
+    if (m_lines && path == m_path && bytes == m_bytes)
+        return m_lines.get();
+
+    auto lines = std::make_unique<QList<Line>>();
+    const QStringList texts = splitLines(decodeWindows1252(bytes));
+    lines->reserve(texts.size());
+    for (const QString& text : texts) {
+        Line line;
+        const QStringList fields = text.split(u'|');
+        line.fieldCount = static_cast<int>(fields.size());
+        for (int i = 0; i < 3 && i < line.fieldCount; ++i)
+            line.fields[i] = fields.at(i);
+        for (int i = 0; i < 2; ++i) {
+            if (passesAccentTest(line.fields[i]))
+                line.accentFree[i] = foldAccents(line.fields[i]);
+        }
+        lines->append(std::move(line));
+    }
+    m_path = path;
+    m_bytes = std::move(bytes);
+    m_lines = std::move(lines);
+    return m_lines.get();
+}
+
+std::optional<WordArrays> search_master(const QString& path, int field, const QString& text, MasterCache& cache,
+                                        QString* error)
+{
+    if (text.size() < 2 || (field != 0 && field != 1))
+        return std::nullopt;
+    const QString term = text.toLower();
+    const bool termAccented = passesAccentTest(term);
+    const QList<MasterCache::Line>* lines = cache.lines(path, error);
+    if (!lines)
+        return std::nullopt;
+
+    // A translation also matches where the term follows "to ", ", " or ",".
+    const QStringMatcher afterTo(QStringLiteral("to ") + term);
+    const QStringMatcher afterCommaBlank(QStringLiteral(", ") + term);
+    const QStringMatcher afterComma(QStringLiteral(",") + term);
+    WordArrays found{{}, {}, {}};
+    int lineNumber = 0;
+    for (const MasterCache::Line& line : *lines) {
+        ++lineNumber;
+        if (line.fieldCount <= field)
+            throw TableLimitError(search_texts::fieldMissing(path, lineNumber, field));
+        // Capitals of the master are never lower-cased, so they never match.
+        const QString& candidate =
+            !termAccented && !line.accentFree[field].isNull() ? line.accentFree[field] : line.fields[field];
+        const bool matches = candidate.startsWith(term) || (field == 1 && (afterTo.indexIn(candidate) >= 0 ||
+                                                                           afterCommaBlank.indexIn(candidate) >= 0 ||
+                                                                           afterComma.indexIn(candidate) >= 0));
+        if (!matches)
+            continue;
+        if (found.words.size() >= kMaxSearchResults)
+            throw TableLimitError(search_texts::tooManyResults(path, kMaxSearchResults));
+        found.words.append(line.fields[0]);
+        found.translations.append(line.fields[1]);
+        found.sound_numbers.append(line.fields[2]);
+    }
+    found.words.append(QString());
+    found.translations.append(QString());
+    found.sound_numbers.append(QString());
+    return found;
+}
+
+bool search_master_list(Session& session, int field, const QString& text, MasterCache& cache)
+{
+    if (text.size() < 2 || (field != 0 && field != 1))
+        return false;
+    if (!QFileInfo::exists(session.master_file)) {
+        session.prompts.message(
+            search_texts::masterNotFound(session.languages_folder, QDir::separator(), session.current_language));
+        return false;
+    }
+    QString error;
+    std::optional<WordArrays> found = search_master(session.master_file, field, text, cache, &error);
+    if (!found) {
+        session.prompts.message(search_texts::notReadable(session.master_file, error));
+        return false;
+    }
+    session.words = std::move(found->words);
+    session.translations = std::move(found->translations);
+    session.sound_numbers = std::move(found->sound_numbers);
+    return true;
+}
+
+QString pairing_key(const QString& translation)
+{
+    const qsizetype comma = translation.indexOf(u',');
+    QString key = comma < 0 ? translation : translation.left(comma);
+    return key.remove(QStringLiteral("to "));
+}
+
+QStringList pair_masters(const QStringList& master, const QStringList& target)
+{
+    // The sound number of the first target entry of each word.
+    QHash<QString, QString> firstOfWord;
+    firstOfWord.reserve(target.size());
+    WordEntry entry;
+    for (const QString& line : target) {
+        if (line != kClosingLine && splitEntry(line, &entry) && !firstOfWord.contains(entry.word))
+            firstOfWord.insert(entry.word, entry.sound_number);
+    }
+    QStringList pairs;
+    for (const QString& line : master) {
+        if (line == kClosingLine || !splitEntry(line, &entry))
+            continue;
+        const auto partner = firstOfWord.constFind(pairing_key(entry.translation));
+        if (partner != firstOfWord.constEnd())
+            pairs.append(entry.sound_number + u'|' + *partner);
+    }
+    return pairs;
+}
+
+std::optional<int> create_trans_index(Session& session)
+{
+    if (!QFileInfo::exists(session.master_file) || session.target_master_file.isEmpty() ||
+        !QFileInfo::exists(session.target_master_file)) {
+        session.prompts.message(search_texts::pairingMasterNotFound());
+        return std::nullopt;
+    }
+    const QStringList target = readTextLines(session.target_master_file).value_or(QStringList());
+    if (target.size() > kMaxTargetLines)
+        throw TableLimitError(search_texts::tooManyTargetLines(session.target_master_file, kMaxTargetLines));
+    const QStringList pairs = pair_masters(readTextLines(session.master_file).value_or(QStringList()), target);
+    QString error;
+    if (!writeTextLines(session.trans_index_file, pairs, &error)) {
+        session.prompts.message(search_texts::pairingNotWritten(session.trans_index_file, error));
+        return std::nullopt;
+    }
+    return static_cast<int>(pairs.size());
+}
+
+} // namespace quorvane
