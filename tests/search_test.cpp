@@ -86,7 +86,8 @@ QStringList literalPairing(const QStringList& master, const QStringList& target)
 QByteArray generatedMaster(int count, int first)
 {
     const char* stems[] = {"co", "Co", "ni\xF1", "ni", "c\xF3", "c\xF3t\xE9", "\xE1rbol", "arb", "pot", "to", "eat"};
-    const char* meanings[] = {"to eat, to have", "eat", "potato salad", "great", ",eats", "drink, eat", "Eat", "go"};
+    const char* meanings[] = {"to eat, to have", "eat",        "potato salad", "great, eat",
+                              ",eats",           "drink, eat", "Eat",          "go"};
     QByteArray bytes;
     for (int i = 0; i < count; ++i) {
         const QByteArray stem = stems[(i * 7) % 11];

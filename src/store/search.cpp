@@ -72,6 +72,19 @@ QString foldAccents(QString text)
     return text;
 }
 
+// Whether a translation begins with the term, or holds it after "to ", ", " or ",": one look for
+// the term, then at what stands before each place it was found.
+bool translationMatches(const QString& candidate, const QStringMatcher& term)
+{
+    const QStringView text(candidate);
+    for (qsizetype at = term.indexIn(text); at >= 0; at = term.indexIn(text, at + 1)) {
+        const QStringView before = text.left(at);
+        if (at == 0 || before.endsWith(u',') || before.endsWith(u", ") || before.endsWith(u"to "))
+            return true;
+    }
+    return false;
+}
+
 // A line that is exactly this closes a word file; it is no entry.
 const QString kClosingLine = QStringLiteral("||");
 
@@ -131,10 +144,7 @@ std::optional<WordArrays> search_master(const QString& path, int field, const QS
     if (!lines)
         return std::nullopt;
 
-    // A translation also matches where the term follows "to ", ", " or ",".
-    const QStringMatcher afterTo(QStringLiteral("to ") + term);
-    const QStringMatcher afterCommaBlank(QStringLiteral(", ") + term);
-    const QStringMatcher afterComma(QStringLiteral(",") + term);
+    const QStringMatcher matcher(term);
     WordArrays found{{}, {}, {}};
     int lineNumber = 0;
     for (const MasterCache::Line& line : *lines) {
@@ -144,9 +154,7 @@ std::optional<WordArrays> search_master(const QString& path, int field, const QS
         // Capitals of the master are never lower-cased, so they never match.
         const QString& candidate =
             !termAccented && !line.accentFree[field].isNull() ? line.accentFree[field] : line.fields[field];
-        const bool matches = candidate.startsWith(term) || (field == 1 && (afterTo.indexIn(candidate) >= 0 ||
-                                                                           afterCommaBlank.indexIn(candidate) >= 0 ||
-                                                                           afterComma.indexIn(candidate) >= 0));
+        const bool matches = field == 0 ? candidate.startsWith(term) : translationMatches(candidate, matcher);
         if (!matches)
             continue;
         if (found.words.size() >= kMaxSearchResults)
