@@ -249,6 +249,14 @@ TEST(Pairing, TheIndexPairsEachKeyWithTheFirstTargetWordAndIsWrittenAnew)
     EXPECT_TRUE(p.prompts.shown.last().text.startsWith("5 recordings of spanish"))
         << p.prompts.texts().join('\n').toStdString();
 
+    // A language without its own trans file still has spanish's target: its pairing is refused
+    // from the menu rather than written over spanish's index.
+    Program::choose(main->lang_list, "english");
+    main->pair_recordings->trigger();
+    EXPECT_TRUE(p.prompts.texts().last().startsWith("english is not connected to a target language"));
+    EXPECT_EQ(p.folder.read("languages/spanish/trans_index_spanish_english.dat"), expected);
+    Program::choose(main->lang_list, "spanish");
+
     // Either master missing: the same message, nothing written.
     QFile::remove(p.folder.file("languages/english/master_english.txt"));
     p.session().trans_index_file = p.folder.file("languages/spanish/other.dat");
@@ -257,7 +265,7 @@ TEST(Pairing, TheIndexPairsEachKeyWithTheFirstTargetWordAndIsWrittenAnew)
     main->create_trans_index();
     QFile::remove(p.folder.file("languages/spanish/master_spanish.txt"));
     main->create_trans_index();
-    EXPECT_EQ(p.prompts.texts().mid(2), QStringList(3, "Master file for one of the two languages was not found."));
+    EXPECT_EQ(p.prompts.texts().mid(3), QStringList(3, "Master file for one of the two languages was not found."));
     EXPECT_FALSE(p.folder.exists("languages/spanish/other.dat"));
 }
 
@@ -329,7 +337,7 @@ TEST(NewLanguage, AKnownTargetsListsBecomeListsOfTheNewLanguageWithTheIdentityPa
 TEST(NewLanguage, AnUnknownTargetIsRecordedOnBothSidesAndARefusedNameLeavesNothing)
 {
     Program p;
-    p.folder.mkdir("languages/english");
+    p.folder.write("languages/english/words.txt", "one|uno|00001\r\n");
     MainWindow* main = p.start();
     p.prompts.push(QString("swahili"));
     p.prompts.push(QString("xhosa"));
@@ -342,6 +350,7 @@ TEST(NewLanguage, AnUnknownTargetIsRecordedOnBothSidesAndARefusedNameLeavesNothi
                   QDir(p.folder.file("languages/xhosa")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
               QStringList({"trans_swahili.dat", "trans_xhosa.dat"}));
     EXPECT_EQ(items(main->lang_list), QStringList({"english", "english", "swahili", "xhosa"}));
+    EXPECT_EQ(p.session().current_language, "english");
 
     // An empty target leaves the new folder without a trans file, and lists nothing again.
     p.prompts.push(QString("zulu"));
@@ -369,7 +378,7 @@ TEST(NewLanguage, AnUnknownTargetIsRecordedOnBothSidesAndARefusedNameLeavesNothi
         EXPECT_GT(p.prompts.shown.size(), shown + static_cast<qsizetype>(answers.size()));
         EXPECT_EQ(QDir(p.folder.file("languages")).entryList(), before) << answers.join(',').toStdString();
     }
-    EXPECT_TRUE(QDir(p.folder.file("languages/english")).isEmpty());
+    EXPECT_EQ(QDir(p.folder.file("languages/english")).entryList(QDir::Files), QStringList({"words.txt"}));
     EXPECT_EQ(main->lang_list->count(), 4);
 }
 

@@ -1,15 +1,11 @@
 #include "app/main_window.h"
 
-#include "core/prompts.h"
 #include "core/session.h"
 #include "store/new_language.h"
 #include "store/search.h"
-#include "store/search_texts.h"
 #include "store/start_up.h"
-#include "store/word_files.h"
 #include "widgets/list_box.h"
 
-#include <QFileInfo>
 #include <QLineEdit>
 
 namespace quorvane {
@@ -40,25 +36,7 @@ void MainWindow::create_trans_index()
 
 void MainWindow::pair_recordings_click()
 {
-    guarded([this] {
-        Session& s = *m_session;
-        if (s.current_language.isEmpty()) {
-            s.prompts.message(search_texts::selectLanguageFirst());
-            return;
-        }
-        // Without its own trans file the language has the previous language's target, whose
-        // pairing file must not be overwritten.
-        if (!QFileInfo::exists(s.trans_file)) {
-            s.prompts.message(search_texts::pairingNoTarget(s.current_language, s.trans_file));
-            return;
-        }
-        if (const auto pairs = quorvane::create_trans_index(s)) {
-            // Heard at once, not only once the language is chosen again.
-            load_trans_index(s.trans_index_file, s.target_sound_numbers);
-            s.prompts.message(
-                search_texts::pairingWritten(*pairs, s.current_language, s.target_language, s.trans_index_file));
-        }
-    });
+    guarded([this] { quorvane::pair_recordings(*m_session); });
 }
 
 void MainWindow::new_language_click()

@@ -237,4 +237,21 @@ std::optional<int> create_trans_index(Session& session)
     return static_cast<int>(pairs.size());
 }
 
+void pair_recordings(Session& session)
+{
+    if (session.current_language.isEmpty()) {
+        session.prompts.message(search_texts::selectLanguageFirst());
+        return;
+    }
+    if (!QFileInfo::exists(session.trans_file)) {
+        session.prompts.message(search_texts::pairingNoTarget(session.current_language, session.trans_file));
+        return;
+    }
+    if (const auto pairs = create_trans_index(session)) {
+        load_trans_index(session.trans_index_file, session.target_sound_numbers);
+        session.prompts.message(search_texts::pairingWritten(*pairs, session.current_language, session.target_language,
+                                                             session.trans_index_file));
+    }
+}
+
 } // namespace quorvane

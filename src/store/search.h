@@ -70,4 +70,10 @@ QStringList pair_masters(const QStringList& master, const QStringList& target);
 // kMaxTargetLines lines.
 std::optional<int> create_trans_index(Session& session);
 
+// The pairing as contributors ask for it: refused, with a message, before a language is chosen or
+// when the current language has no trans file of its own (its target is then the previous
+// language's, whose index must not be overwritten); otherwise create_trans_index, the new pairs
+// loaded into the pairing table at once, and a message saying how many were written.
+void pair_recordings(Session& session);
+
 } // namespace quorvane
