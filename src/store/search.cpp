@@ -16,59 +16,28 @@ namespace quorvane {
 
 namespace {
 
-// The letters whose presence makes a text count as accented. Kept as it is: ò and ó are not
-// among them although the folding below handles them.
+// The letters whose presence makes a text count as accented (ö õ ñ í ì é è ã á à). Kept as it is:
+// ò and ó are not among them although the folding below handles them.
+constexpr QStringView kAccentTestLetters = u"\u00F6\u00F5\u00F1\u00ED\u00EC\u00E9\u00E8\u00E3\u00E1\u00E0";
+// The folding: à á ã è é ì í ñ ò ó õ ö, and what each becomes.
+constexpr QStringView kAccented = u"\u00E0\u00E1\u00E3\u00E8\u00E9\u00EC\u00ED\u00F1\u00F2\u00F3\u00F5\u00F6";
+constexpr QStringView kFolded = u"aaaeeiinoooo";
+
 bool passesAccentTest(const QString& text)
 {
     for (const QChar character : text) {
-        switch (character.unicode()) {
-        case 246:
-        case 245:
-        case 241:
-        case 237:
-        case 236:
-        case 233:
-        case 232:
-        case 227:
-        case 225:
-        case 224:
+        if (kAccentTestLetters.contains(character))
             return true;
-        default:
-            break;
-        }
     }
     return false;
 }
 
-QChar folded(QChar character)
-{
-    switch (character.unicode()) {
-    case 224:
-    case 225:
-    case 227:
-        return u'a';
-    case 232:
-    case 233:
-        return u'e';
-    case 236:
-    case 237:
-        return u'i';
-    case 241:
-        return u'n';
-    case 242:
-    case 243:
-    case 245:
-    case 246:
-        return u'o';
-    default:
-        return character;
-    }
-}
-
 QString foldAccents(QString text)
 {
-    for (QChar& character : text)
-        character = folded(character);
+    for (QChar& character : text) {
+        if (const qsizetype at = kAccented.indexOf(character); at >= 0)
+            character = kFolded.at(at);
+    }
     return text;
 }
 
