@@ -5,6 +5,7 @@
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/sound_library.h"
+#include "store/search_texts.h"
 #include "store/start_up.h"
 #include "widgets/controls.h"
 #include "widgets/handler_guard.h"
@@ -176,6 +177,8 @@ void MainWindow::buildMenus()
     Help2 = addItem(help, QStringLiteral("Help2"));
     Troubleshooting = addItem(help, QStringLiteral("Troubleshooting"));
     About1 = addItem(help, QStringLiteral("About1"));
+    QMenu* contributors = addMenu(QStringLiteral("Contributors"));
+    pair_recordings = addItem(contributors, QStringLiteral("pair_recordings"));
 }
 
 void MainWindow::wireHandlers()
@@ -198,8 +201,13 @@ void MainWindow::wireHandlers()
     connect(About1, &QAction::triggered, this, &MainWindow::About1_click);
     connect(record_word_word, &QPushButton::clicked, this, &MainWindow::record_word_word_click);
     connect(record_word_list, &QPushButton::clicked, this, &MainWindow::record_word_list_click);
+    connect(txt_word_search, &QLineEdit::textChanged, this, &MainWindow::txt_word_search_change);
+    connect(txt_word_search2, &QLineEdit::textChanged, this, &MainWindow::txt_word_search2_change);
+    connect(new_language, &QPushButton::clicked, this, &MainWindow::new_language_click);
+    connect(add_list, &QPushButton::clicked, this, &MainWindow::add_list_click);
+    connect(pair_recordings, &QAction::triggered, this, &MainWindow::pair_recordings_click);
     // Parts of the program still to come: their buttons are shown but cannot be pressed yet.
-    for (QPushButton* button : {test_me, show_test_results, print_list, new_language, add_list}) {
+    for (QPushButton* button : {test_me, show_test_results, print_list}) {
         button->setEnabled(false);
         button->setToolTip(main_texts::notYetAvailable());
     }
