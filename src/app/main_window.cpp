@@ -202,9 +202,11 @@ void MainWindow::wireHandlers()
     connect(Help2, &QAction::triggered, this, &MainWindow::Help2_click);
     connect(Troubleshooting, &QAction::triggered, this, &MainWindow::Troubleshooting_click);
     connect(About1, &QAction::triggered, this, &MainWindow::About1_click);
+    connect(test_me, &QPushButton::clicked, this, &MainWindow::test_me_click);
+    connect(show_test_results, &QPushButton::clicked, this, &MainWindow::show_test_results_click);
+    connect(print_list, &QPushButton::clicked, this, &MainWindow::print_list_click);
     // Parts of the program still to come: their buttons are shown but cannot be pressed yet.
-    for (QPushButton* button :
-         {test_me, show_test_results, print_list, record_word_word, record_word_list, new_language, add_list}) {
+    for (QPushButton* button : {record_word_word, record_word_list, new_language, add_list}) {
         button->setEnabled(false);
         button->setToolTip(main_texts::notYetAvailable());
     }

@@ -103,6 +103,11 @@ public slots:
     void Troubleshooting_click();
     void About1_click();
 
+    // The student test and the results window.
+    void print_list_click();
+    void show_test_results_click();
+    void test_me_click();
+
 private:
     void buildControls();
     QPushButton* makeButton(const QString& name, const QString& caption, const QString& family);
