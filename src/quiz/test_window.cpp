@@ -14,6 +14,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
@@ -28,6 +29,27 @@ constexpr int kWordPoints = 24;
 constexpr int kChoicePoints = 12;
 constexpr int kEnterKey = 13;
 const QColor kWrongColour(255, 128, 0);
+constexpr int kSetUpWidth = 300;
+
+// Draws a label's text with each carriage return as a line break: the feedback and the summary
+// hold a lone CR between their two lines, which a label would otherwise not break on.
+class ReturnBreaksLine : public QObject
+{
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        auto* label = qobject_cast<QLabel*>(watched);
+        if (!label || event->type() != QEvent::Paint || !label->text().contains(u'\r'))
+            return false;
+        QPainter painter(label);
+        painter.setFont(label->font());
+        painter.setPen(label->palette().color(QPalette::WindowText));
+        painter.drawText(label->contentsRect(), int(label->alignment()) | Qt::TextWordWrap,
+                         QString(label->text()).replace(u'\r', u'\n'));
+        return true;
+    }
+};
 
 } // namespace
 
@@ -67,7 +89,8 @@ void TestWindow::buildControls()
     test_word = controls::label(this, QStringLiteral("test_word"), QString(),
                                 controls::font(controls::kArial, kWordPoints, true));
     remaining = controls::label(this, QStringLiteral("remaining"), QString(), text);
-    time_remaining = controls::label(this, QStringLiteral("time_remaining"), QString(), bold);
+    time_remaining = controls::label(this, QStringLiteral("time_remaining"), QString(),
+                                     controls::font(controls::kArial, kChoicePoints, true));
     previous_word = controls::label(this, QStringLiteral("previous_word"), QString(),
                                     controls::font(controls::kArial, kChoicePoints));
     answer_lbl = controls::label(this, QStringLiteral("answer_lbl"), quiz_texts::answerCaption(), text);
@@ -76,6 +99,7 @@ void TestWindow::buildControls()
     for (int k = 1; k <= 6; ++k) {
         QPushButton* choice = controls::button(this, QStringLiteral("c%1").arg(k), QString(), choiceFont);
         choice->setMinimumHeight(40);
+        choice->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         m_choices.append(choice);
         connect(choice, &QPushButton::clicked, this, [this, k] { c_click(k); });
     }
@@ -91,6 +115,9 @@ void TestWindow::buildControls()
     previous_word->setAutoFillBackground(true);
     previous_word->setWordWrap(true);
     previous_word->setMinimumHeight(48);
+    auto* breaks = new ReturnBreaksLine(this);
+    test_word->installEventFilter(breaks);
+    previous_word->installEventFilter(breaks);
 
     connect(multiple_choice, &QRadioButton::clicked, this, &TestWindow::multiple_choice_click);
     connect(spelling, &QRadioButton::clicked, this, &TestWindow::spelling_click);
@@ -145,9 +172,16 @@ void TestWindow::buildLayout()
     question->addLayout(answer);
     question->addWidget(previous_word);
 
+    auto* setUpColumn = new QWidget(this);
+    setUpColumn->setLayout(setUp);
+    setUpColumn->setFixedWidth(kSetUpWidth);
+    setUp->setContentsMargins(0, 0, 0, 0);
+    auto* questionColumn = new QWidget(this);
+    questionColumn->setLayout(question);
+    question->setContentsMargins(0, 0, 0, 0);
     auto* columns = new QHBoxLayout;
-    columns->addLayout(setUp, 2);
-    columns->addLayout(question, 5);
+    columns->addWidget(setUpColumn);
+    columns->addWidget(questionColumn, 1);
     auto* page = new QVBoxLayout(this);
     page->addLayout(names);
     page->addLayout(columns, 1);
