@@ -256,6 +256,23 @@ TEST(QuizWindow, MultipleChoiceCountsDownJudgesStopsAndContinuesCounting)
     EXPECT_TRUE(p.sound.played.isEmpty());
 }
 
+TEST(QuizWindow, BeginTestDuringATestEndsItWithoutResultsAndBeginsAgain)
+{
+    Program p;
+    openCourse(p);
+    TestWindow* t = openTest(p, &TestWindow::multiple_choice, "2", "1");
+    QString remaining;
+    p.clock.at(0.3, [&] { t->begin_test->click(); });
+    p.clock.at(0.6, [&] {
+        remaining = t->remaining->text();
+        t->stop->click();
+    });
+    t->begin_test->click();
+    EXPECT_EQ(remaining, "2 of 2");
+    EXPECT_EQ(p.folder.read("test_results.txt"),
+              resultLine(t, "kestrin\tspanish\twords\t1\t0%\t00:00 \tMultiple Choice\tText Only"));
+}
+
 TEST(QuizWindow, TypedAnswersAreJudgedOnEnterOrAsTheyStandAtTheEnd)
 {
     Program p;
@@ -365,6 +382,11 @@ TEST(QuizResults, MainWindowButtonsFillTheResultsWindowWhichSavesAndPrints)
     EXPECT_TRUE(list_report(session, QDate(2007, 3, 14))
                     .endsWith("\r\n" + QString(15, 'a') + "  \tx\r\n" + QString(16, 'b') + "\ty\r\n" +
                               QString(17, ' ') + "\t"));
+
+    // A student's own record is read line by line, each line ended with CR LF.
+    EXPECT_EQ(read_student_record("kestrin"), "");
+    p.folder.write("users/kestrin_test.txt", "a\tb\nc");
+    EXPECT_EQ(read_student_record("kestrin"), "a\tb\r\nc\r\n");
 
     const QByteArray record = "kestrin\tspanish\twords\t2\t50%\t00:03 \tMultiple Choice\tText Only\t3/14/2007\r\n";
     p.folder.write("test_results.txt", record + record);
