@@ -107,6 +107,10 @@ public slots:
     // Recording: the record-and-edit window for the selected word or the whole list.
     void record_word_word_click();
     void record_word_list_click();
+    // The student test and the results window.
+    void print_list_click();
+    void show_test_results_click();
+    void test_me_click();
 
 private:
     void buildControls();

@@ -140,9 +140,4 @@ QString about()
            QStringLiteral("edit words and phrases, see also the license on the 'Record and Edit' form.");
 }
 
-QString notYetAvailable()
-{
-    return QStringLiteral("This part of Quorvane is not available in this version yet.");
-}
-
 } // namespace quorvane::main_texts
