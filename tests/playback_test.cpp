@@ -117,7 +117,8 @@ TEST_F(Playback, Mp3CaptureAppendsTheWordAndSilencesInsteadOfPlaying)
     session.silence_count = 4;
     session.speed = 3.0f;
     say_word(session, "04000", "spanish");
-    EXPECT_EQ(folder.read("out_file.mp3.capture.tmp"), QByteArray("HEADWORD-BYTES\r\nSIL\0\r\nSIL\0\r\nSIL\0\r\nSIL\0\r\n", 40));
+    EXPECT_EQ(folder.read("out_file.mp3.capture.tmp"),
+              QByteArray("HEADWORD-BYTES\r\nSIL\0\r\nSIL\0\r\nSIL\0\r\nSIL\0\r\n", 40));
     EXPECT_TRUE(sound.played.isEmpty());
     EXPECT_EQ(clock.processed, 0);
     EXPECT_EQ(captions, QStringList({"File # 04000"}));

@@ -21,5 +21,4 @@ QString troubleshooting();
 QString aboutTitle();
 QString about();
 
-
 } // namespace quorvane::main_texts
