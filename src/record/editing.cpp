@@ -1,0 +1,147 @@
+#include "record/editing.h"
+
+#include "core/basic.h"
+#include "core/flags.h"
+#include "core/session.h"
+#include "record/editing_texts.h"
+#include "store/paths.h"
+#include "store/text_files.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <cmath>
+
+namespace quorvane {
+
+namespace {
+
+// The number of characters a sound number takes at the end of an entry line.
+constexpr int kSoundNumberLength = 5;
+
+// A number as the print statement writes it: a blank in front of a number that is not negative.
+QString printedNumber(double value)
+{
+    const QString digits = value == std::floor(value) && std::abs(value) < 1e15
+                               ? QString::number(static_cast<qint64>(value))
+                               : QString::number(value, 'g', 15);
+    return value < 0 ? digits : QStringLiteral(" ") + digits;
+}
+
+QString entryLine(const EditedEntry& entry, const QString& number)
+{
+    return entry.left_word + u'|' + entry.right_word + u'|' + number;
+}
+
+bool endsWithLineEnd(const QString& path)
+{
+    QFile file(path);
+    if (file.size() == 0 || !file.open(QIODevice::ReadOnly) || !file.seek(file.size() - 1))
+        return true;
+    const QByteArray last = file.read(1);
+    return last == "\n" || last == "\r";
+}
+
+} // namespace
+
+std::optional<QString> get_high(const Session& session, QString* error)
+{
+    const QString path = paths::highestNumberFile(session.languages_folder, session.current_language);
+    if (!QFileInfo::exists(path) && !writeTextLines(path, {editing_texts::firstNewNumber()}, error))
+        return std::nullopt;
+    const auto lines = readTextLines(path);
+    if (!lines) {
+        if (error)
+            *error = QFile(path).errorString();
+        return std::nullopt;
+    }
+    const QString highestNumber = lines->value(0);
+    if (!writeTextLines(path, {printedNumber(basic::leadingNumber(highestNumber) + 1)}, error))
+        return std::nullopt;
+    return highestNumber.trimmed();
+}
+
+bool add_word2(const QString& path, const QString& leftWord, const QString& rightWord, const QString& highestNumber,
+               QString* error)
+{
+    const QByteArray bytes = (endsWithLineEnd(path) ? QByteArray() : QByteArray("\r\n")) +
+                             encodeLines({entryLine({leftWord, rightWord, QString()}, highestNumber)});
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Append) || file.write(bytes) != bytes.size() || !file.flush()) {
+        if (error)
+            *error = file.errorString();
+        return false;
+    }
+    return true;
+}
+
+std::optional<QString> add_word(const Session& session, const EditedEntry& entry, QString* error)
+{
+    const auto number = get_high(session, error);
+    if (!number)
+        return std::nullopt;
+    QStringList targets;
+    if (session.list_file != session.master_file)
+        targets.append(session.list_file);
+    targets << session.master_file << session.unknown_file;
+    for (const QString& path : targets) {
+        if (!add_word2(path, entry.left_word, entry.right_word, *number, error))
+            return std::nullopt;
+    }
+    return number;
+}
+
+bool replace_or_delete(const Session& session, const QString& path, const EditedEntry& entry, const QString& deleteMode,
+                       QString* error)
+{
+    const auto lines = readTextLines(path);
+    if (!lines) {
+        if (error)
+            *error = QFile(path).errorString();
+        return false;
+    }
+    const bool deleting = deleteMode == flags::kYes;
+    const bool isMaster = path == session.master_file;
+    const QString& number = entry.current_sound_number;
+    const QString replacement = entryLine(entry, number);
+    QStringList rewritten;
+    rewritten.reserve(lines->size());
+    QStringList logLines;
+    for (const QString& line : *lines) {
+        // With no entry clicked there is no number, and no line is taken for one.
+        if (number.isEmpty() || line.right(kSoundNumberLength) != number) {
+            rewritten.append(line);
+            continue;
+        }
+        if (!deleting)
+            rewritten.append(replacement);
+        if (isMaster)
+            logLines.append((deleting ? editing_texts::deletedMarker() : line) + editing_texts::changeArrow() +
+                            replacement);
+    }
+    if (!writeTextLines(path, rewritten, error))
+        return false;
+    const QString changesFile = paths::changesFile(session.languages_folder, session.current_language);
+    return logLines.isEmpty() || appendTextLines(changesFile, logLines, error);
+}
+
+std::optional<int> save_text(const Session& session, const EditedEntry& entry, int currentRow,
+                             const QString& deleteMode)
+{
+    QStringList targets;
+    if (session.list_file != session.master_file)
+        targets.append(session.list_file);
+    targets << session.master_file << session.unknown_file << session.known_file;
+    for (const QString& path : targets) {
+        if (!replace_or_delete(session, path, entry, deleteMode))
+            return std::nullopt;
+    }
+    return currentRow + 1;
+}
+
+std::optional<int> delete_word(const Session& session, const EditedEntry& entry, int currentRow)
+{
+    return save_text(session, entry, currentRow, flags::kYes);
+}
+
+} // namespace quorvane
