@@ -187,7 +187,7 @@ TEST(Editing, KilledAtAnyMomentOfRepeatedCorrectionsEveryFileIsWhole)
     };
 
     std::mt19937 random(2026);
-    const int kills = 300;
+    const int kills = 200;
     for (int kill = 0; kill < kills; ++kill) {
         int ready[2];
         ASSERT_EQ(pipe(ready), 0);

@@ -94,32 +94,45 @@ std::optional<QString> add_word(const Session& session, const EditedEntry& entry
 bool replace_or_delete(const Session& session, const QString& path, const EditedEntry& entry, const QString& deleteMode,
                        QString* error)
 {
-    const auto lines = readTextLines(path);
-    if (!lines) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
         if (error)
-            *error = QFile(path).errorString();
+            *error = file.errorString();
         return false;
     }
+    const QByteArray bytes = file.readAll();
+    file.close();
+    // Each byte is one character of the file's code page, so lines are matched and copied as
+    // bytes: the same result as decoding and encoding them, without doing it for every line.
     const bool deleting = deleteMode == flags::kYes;
     const bool isMaster = path == session.master_file;
-    const QString& number = entry.current_sound_number;
-    const QString replacement = entryLine(entry, number);
-    QStringList rewritten;
-    rewritten.reserve(lines->size());
+    const QByteArray number = encodeWindows1252(entry.current_sound_number);
+    const QByteArray replacement = encodeLines({entryLine(entry, entry.current_sound_number)});
+    QByteArray rewritten;
+    rewritten.reserve(bytes.size() + bytes.size() / 16 + replacement.size());
     QStringList logLines;
-    for (const QString& line : *lines) {
+    const char* data = bytes.constData();
+    const qsizetype size = bytes.size();
+    for (qsizetype start = 0; start < size;) {
+        qsizetype end = start;
+        while (end < size && data[end] != '\r' && data[end] != '\n')
+            ++end;
+        const QByteArrayView line(data + start, end - start);
+        start = end < size && data[end] == '\r' && end + 1 < size && data[end + 1] == '\n' ? end + 2 : end + 1;
         // With no entry clicked there is no number, and no line is taken for one.
-        if (number.isEmpty() || line.right(kSoundNumberLength) != number) {
+        const QByteArrayView lastCharacters = line.size() < kSoundNumberLength ? line : line.last(kSoundNumberLength);
+        if (number.isEmpty() || lastCharacters != number) {
             rewritten.append(line);
+            rewritten.append("\r\n", 2);
             continue;
         }
         if (!deleting)
             rewritten.append(replacement);
         if (isMaster)
-            logLines.append((deleting ? editing_texts::deletedMarker() : line) + editing_texts::changeArrow() +
-                            replacement);
+            logLines.append((deleting ? editing_texts::deletedMarker() : decodeWindows1252(line.toByteArray())) +
+                            editing_texts::changeArrow() + entryLine(entry, entry.current_sound_number));
     }
-    if (!writeTextLines(path, rewritten, error))
+    if (!writeBytes(path, rewritten, error))
         return false;
     const QString changesFile = paths::changesFile(session.languages_folder, session.current_language);
     return logLines.isEmpty() || appendTextLines(changesFile, logLines, error);
