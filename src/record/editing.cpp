@@ -49,13 +49,14 @@ std::optional<QString> get_high(const Session& session, QString* error)
     const QString path = paths::highestNumberFile(session.languages_folder, session.current_language);
     if (!QFileInfo::exists(path) && !writeTextLines(path, {editing_texts::firstNewNumber()}, error))
         return std::nullopt;
-    const auto lines = readTextLines(path);
-    if (!lines) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
         if (error)
-            *error = QFile(path).errorString();
+            *error = file.errorString();
         return std::nullopt;
     }
-    const QString highestNumber = lines->value(0);
+    const QString highestNumber = splitLines(decodeWindows1252(file.readAll())).value(0);
+    file.close();
     if (!writeTextLines(path, {printedNumber(basic::leadingNumber(highestNumber) + 1)}, error))
         return std::nullopt;
     return highestNumber.trimmed();
