@@ -36,6 +36,7 @@ struct MoveFixture
         session.unknown_file = folder.file("users/kestrin/spanish/food-u.txt");
         session.known_file = folder.file("users/kestrin/spanish/food-k.txt");
         session.attachMainView(&view);
+        session.shown_file = session.unknown_file;
         create_array_of_words(session, session.unknown_file);
     }
     QByteArray unknown() const { return folder.read("users/kestrin/spanish/food-u.txt"); }
@@ -114,14 +115,15 @@ TEST(WordMoves, AnIndexOutsideTheArraysOrAFailedWriteNeverLosesTheWord)
         EXPECT_FALSE(f.folder.exists("users/kestrin/spanish/food-k.txt"));
         EXPECT_EQ(f.view.displayed, 0);
     }
-    // The source cannot be replaced (a folder stands at its path): the word is already in the
-    // target, and the failure is said.
+    // The source cannot be replaced (a folder stands at its path): the word added to the target
+    // is taken back, and the failure is said.
     {
         MoveFixture f;
         const QString blocked = f.folder.file("users/kestrin/spanish/blocked-u.txt");
         f.folder.mkdir("users/kestrin/spanish/blocked-u.txt");
+        f.session.shown_file = blocked;
         move_word(f.session, f.session.known_file, blocked, 2);
-        EXPECT_EQ(f.known(), QByteArray("casa|house|01003\r\n"));
+        EXPECT_FALSE(f.folder.exists("users/kestrin/spanish/food-k.txt"));
         EXPECT_TRUE(QFileInfo(blocked).isDir());
         ASSERT_EQ(f.prompts.shown.size(), 1);
         EXPECT_EQ(f.prompts.shown[0].kind, "message");

@@ -105,7 +105,8 @@ public slots:
 
 private:
     void buildControls();
-    QPushButton* makeButton(const QString& name, const QString& caption, const QString& family);
+    QLabel* makeLabel(const QString& name);
+    QPushButton* makeButton(const QString& name, const QString& family);
     void buildMenus();
     void wireHandlers();
     // Shows a list (unknown or known) picked in lists_list or known_lists.

@@ -6,6 +6,10 @@
 namespace quorvane::main_texts {
 
 QString windowTitle();
+// The caption of a control or menu of the main window, by its name.
+QString caption(const QString& name);
+QString increaseFont();
+QString decreaseFont();
 QString moreWordsLine();
 
 QString instructionsTitle();

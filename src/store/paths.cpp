@@ -125,6 +125,11 @@ QString unknownFile(const QString& userFolder, const QString& language, const QS
     return studentLanguageFolder(userFolder, language) + list + kUnknownSuffix;
 }
 
+QString studentLockFile(const QString& userFolder)
+{
+    return userFolder + QStringLiteral("quorvane.lock");
+}
+
 QString mp3OutputFile()
 {
     return QStringLiteral("out_file.mp3");
