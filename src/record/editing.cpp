@@ -33,13 +33,19 @@ QString entryLine(const EditedEntry& entry, const QString& number)
     return entry.left_word + u'|' + entry.right_word + u'|' + number;
 }
 
-bool endsWithLineEnd(const QString& path)
+// Appends lines to the change log. A kill in the middle of an earlier append can leave the start
+// of a line without its end; that fragment is no change the maintainer can replay, so it is cut
+// off first and the log only ever holds whole lines.
+bool appendChanges(const QString& path, const QStringList& lines, QString* error)
 {
     QFile file(path);
-    if (file.size() == 0 || !file.open(QIODevice::ReadOnly) || !file.seek(file.size() - 1))
-        return true;
-    const QByteArray last = file.read(1);
-    return last == "\n" || last == "\r";
+    if (file.size() > 0 && file.open(QIODevice::ReadOnly)) {
+        const QByteArray bytes = file.readAll();
+        file.close();
+        if (!bytes.endsWith('\n'))
+            file.resize(bytes.lastIndexOf('\n') + 1);
+    }
+    return appendTextLines(path, lines, error);
 }
 
 } // namespace
@@ -65,15 +71,7 @@ std::optional<QString> get_high(const Session& session, QString* error)
 bool add_word2(const QString& path, const QString& leftWord, const QString& rightWord, const QString& highestNumber,
                QString* error)
 {
-    const QByteArray bytes = (endsWithLineEnd(path) ? QByteArray() : QByteArray("\r\n")) +
-                             encodeLines({entryLine({leftWord, rightWord, QString()}, highestNumber)});
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Append) || file.write(bytes) != bytes.size() || !file.flush()) {
-        if (error)
-            *error = file.errorString();
-        return false;
-    }
-    return true;
+    return appendTextLines(path, {leftWord + u'|' + rightWord + u'|' + highestNumber}, error);
 }
 
 std::optional<QString> add_word(const Session& session, const EditedEntry& entry, QString* error)
@@ -136,7 +134,7 @@ bool replace_or_delete(const Session& session, const QString& path, const Edited
     if (!writeBytes(path, rewritten, error))
         return false;
     const QString changesFile = paths::changesFile(session.languages_folder, session.current_language);
-    return logLines.isEmpty() || appendTextLines(changesFile, logLines, error);
+    return logLines.isEmpty() || appendChanges(changesFile, logLines, error);
 }
 
 std::optional<int> save_text(const Session& session, const EditedEntry& entry, int currentRow,

@@ -24,8 +24,8 @@ struct EditedEntry
 // with error set, when the file cannot be read or written.
 std::optional<QString> get_high(const Session& session, QString* error = nullptr);
 
-// Appends the line left|right|number to a word file, creating it when missing. A file whose last
-// line has no line end gets one first, so the new entry never runs into the last one.
+// Appends the line left|right|number to a word file, creating it when missing, as appendTextLines
+// does: all or nothing, and never glued onto a last line that has no line end.
 bool add_word2(const QString& path, const QString& leftWord, const QString& rightWord, const QString& highestNumber,
                QString* error = nullptr);
 
@@ -38,7 +38,8 @@ std::optional<QString> add_word(const Session& session, const EditedEntry& entry
 // Rewrites one word file, atomically, changing every line whose last five characters are the
 // entry's sound number: replaced by left|right|number, or dropped when deleteMode is "yes".
 // Every matched line of the master file appends one line to the language's change log (the old
-// line or "word_deleted", "->", the new entry), after the master file is rewritten. With no
+// line or "word_deleted", "->", the new entry), after the master file is rewritten; a line cut
+// short by a kill during an earlier append is removed first. With no
 // sound number nothing matches and the file is rewritten unchanged. False when the file cannot be
 // read or written: it is then as it was.
 bool replace_or_delete(const Session& session, const QString& path, const EditedEntry& entry, const QString& deleteMode,

@@ -160,8 +160,9 @@ bool pack_recordings(Session& session, PackingView* view)
     const QString languageFolder = paths::languageFolder(session.languages_folder, session.current_language);
     const QString archive = paths::textArchive(session.languages_folder, session.current_language);
     const QString archiveName = QFileInfo(archive).fileName();
+    // Neither an earlier archive of the folder nor what a killed rewrite left beside a file.
     const QStringList files = filesIn(languageFolder, [&archiveName](const QString& name) {
-        return name.compare(archiveName, Qt::CaseInsensitive) != 0;
+        return name.compare(archiveName, Qt::CaseInsensitive) != 0 && !name.endsWith(paths::kRewriteSuffix);
     });
     QString error;
     showProgress(session, view, archiveName, 0);
