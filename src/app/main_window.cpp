@@ -5,6 +5,7 @@
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/sound_library.h"
+#include "store/search_texts.h"
 #include "store/start_up.h"
 #include "widgets/controls.h"
 #include "widgets/handler_guard.h"
@@ -176,6 +177,8 @@ void MainWindow::buildMenus()
     Help2 = addItem(help, QStringLiteral("Help2"));
     Troubleshooting = addItem(help, QStringLiteral("Troubleshooting"));
     About1 = addItem(help, QStringLiteral("About1"));
+    QMenu* contributors = addMenu(QStringLiteral("Contributors"));
+    pair_recordings = addItem(contributors, QStringLiteral("pair_recordings"));
 }
 
 void MainWindow::wireHandlers()
@@ -196,12 +199,16 @@ void MainWindow::wireHandlers()
     connect(Help2, &QAction::triggered, this, &MainWindow::Help2_click);
     connect(Troubleshooting, &QAction::triggered, this, &MainWindow::Troubleshooting_click);
     connect(About1, &QAction::triggered, this, &MainWindow::About1_click);
-    // Parts of the program still to come: their buttons are shown but cannot be pressed yet.
-    for (QPushButton* button :
-         {test_me, show_test_results, print_list, record_word_word, record_word_list, new_language, add_list}) {
-        button->setEnabled(false);
-        button->setToolTip(main_texts::notYetAvailable());
-    }
+    connect(record_word_word, &QPushButton::clicked, this, &MainWindow::record_word_word_click);
+    connect(record_word_list, &QPushButton::clicked, this, &MainWindow::record_word_list_click);
+    connect(txt_word_search, &QLineEdit::textChanged, this, &MainWindow::txt_word_search_change);
+    connect(txt_word_search2, &QLineEdit::textChanged, this, &MainWindow::txt_word_search2_change);
+    connect(new_language, &QPushButton::clicked, this, &MainWindow::new_language_click);
+    connect(add_list, &QPushButton::clicked, this, &MainWindow::add_list_click);
+    connect(pair_recordings, &QAction::triggered, this, &MainWindow::pair_recordings_click);
+    connect(test_me, &QPushButton::clicked, this, &MainWindow::test_me_click);
+    connect(show_test_results, &QPushButton::clicked, this, &MainWindow::show_test_results_click);
+    connect(print_list, &QPushButton::clicked, this, &MainWindow::print_list_click);
 }
 
 void MainWindow::guarded(const std::function<void()>& handler)

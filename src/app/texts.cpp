@@ -1,6 +1,7 @@
 #include "app/texts.h"
 
 #include "core/product.h"
+#include "store/search_texts.h"
 
 #include <QHash>
 
@@ -50,6 +51,8 @@ QString caption(const QString& name)
         {QStringLiteral("small_flash"), QStringLiteral("Small Flash Card (Stays On Top)")},
         {QStringLiteral("Label5"), moreWordsLine()},
         {QStringLiteral("toggle_font"), increaseFont()},
+        {QStringLiteral("Contributors"), search_texts::pairingMenu()},
+        {QStringLiteral("pair_recordings"), search_texts::pairingItem()},
     };
     return captions.value(name);
 }
@@ -135,11 +138,6 @@ QString about()
                .arg(QString::fromLatin1(product::kName), QString::fromLatin1(product::kVersion),
                     QString::fromLatin1(product::kReleaseDate), web()) +
            QStringLiteral("edit words and phrases, see also the license on the 'Record and Edit' form.");
-}
-
-QString notYetAvailable()
-{
-    return QStringLiteral("This part of Quorvane is not available in this version yet.");
 }
 
 } // namespace quorvane::main_texts

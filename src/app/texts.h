@@ -21,6 +21,5 @@ QString troubleshooting();
 QString aboutTitle();
 QString about();
 
-QString notYetAvailable();
 
 } // namespace quorvane::main_texts

@@ -129,7 +129,8 @@ bool append_file(const QString& source, const QString& target, QString* error)
 
 QString mp3_capture_file()
 {
-    return paths::mp3OutputFile() + paths::kRewriteSuffix;
+    // Not the name a rewrite of out_file.mp3 uses beside it, which finish_mp3_capture makes.
+    return paths::mp3OutputFile() + QStringLiteral(".capture.tmp");
 }
 
 bool capture_piece(Session& session, const QString& piece)

@@ -41,6 +41,16 @@ QString userFolder(const QString& userName)
     return usersFolder() + userName + separator();
 }
 
+QString testResultsFile()
+{
+    return programFolder() + QStringLiteral("test_results.txt");
+}
+
+QString studentTestRecord(const QString& userName)
+{
+    return usersFolder() + userName + QStringLiteral("_test.txt");
+}
+
 QString languageFolder(const QString& languagesFolder, const QString& language)
 {
     return languagesFolder + language + separator();

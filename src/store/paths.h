@@ -17,6 +17,9 @@ QString programFolder();
 QString languagesFolder();
 QString usersFolder();
 QString userFolder(const QString& userName);
+// The running record of every test, and a student's own record (which nothing here writes).
+QString testResultsFile();
+QString studentTestRecord(const QString& userName);
 
 // A language's folder and its files.
 QString languageFolder(const QString& languagesFolder, const QString& language);
