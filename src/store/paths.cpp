@@ -160,4 +160,29 @@ QString numberedMp3File(int number)
     return QStringLiteral("100words") + QString::number(number) + QStringLiteral(".mp3");
 }
 
+QString recordingsFolder()
+{
+    return programFolder() + QStringLiteral("recordings") + separator();
+}
+
+QString recordingArchivesFolder()
+{
+    return recordingsFolder() + QStringLiteral("str") + separator();
+}
+
+QString recordingArchiveCopy(const QString& language, const QString& subfolder)
+{
+    return recordingArchivesFolder() + language + QStringLiteral("_str_") + subfolder + QStringLiteral(".zip");
+}
+
+QString textArchive(const QString& languagesFolder, const QString& language)
+{
+    return languageFolder(languagesFolder, language) + language + QStringLiteral(".zip");
+}
+
+QString textArchiveCopy(const QString& language)
+{
+    return recordingsFolder() + QStringLiteral("text_") + language + QStringLiteral(".zip");
+}
+
 } // namespace quorvane::paths

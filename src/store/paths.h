@@ -53,4 +53,13 @@ QString silenceFile();
 QString beepFile();
 QString numberedMp3File(int number);
 
+// A contributor's work packed for sending: the recordings folder of the program folder, its str
+// folder of recording archives, and the archives' names where they are made and where they are
+// copied.
+QString recordingsFolder();
+QString recordingArchivesFolder();
+QString recordingArchiveCopy(const QString& language, const QString& subfolder);
+QString textArchive(const QString& languagesFolder, const QString& language);
+QString textArchiveCopy(const QString& language);
+
 } // namespace quorvane::paths

@@ -1,0 +1,81 @@
+#include "record/editing_texts.h"
+
+#include "core/product.h"
+
+namespace quorvane::editing_texts {
+
+namespace {
+
+QString maintainerEmail()
+{
+    return QString::fromLatin1(product::kMaintainerEmail);
+}
+
+} // namespace
+
+QString firstNewNumber()
+{
+    return QStringLiteral("70000");
+}
+
+QString changeArrow()
+{
+    return QStringLiteral("->");
+}
+
+QString deletedMarker()
+{
+    return QStringLiteral("word_deleted");
+}
+
+QString packingQuestion(const QString& language, const QString& recordingsFolder)
+{
+    return QStringLiteral("Use this function AFTER you have finished recording ALL the words and phrases for the ") +
+           language + QStringLiteral(" language.  Clicking 'OK' below will place the recordings in ") +
+           QStringLiteral("the folder called ") + recordingsFolder + QStringLiteral(".  ") +
+           QStringLiteral("Please e-mail all the 'str' zip files in that folder to ") + maintainerEmail() +
+           QStringLiteral(", one at a time in separate e-mails, because they are big.") + QStringLiteral("\n\n") +
+           QStringLiteral("Click 'OK' to run this function or 'Cancel' to go back.");
+}
+
+QString cancelled()
+{
+    return QStringLiteral("The action has been cancelled.");
+}
+
+QString workingOn(const QString& archiveName)
+{
+    return QStringLiteral("Currently the program is working on ") + archiveName +
+           QStringLiteral(".  Please wait about 5 seconds before clicking 'OK' below.");
+}
+
+QString busy()
+{
+    // Kept: the count is the program's own estimate, whatever the number of archives.
+    return QStringLiteral("The program is busy.  Please wait 3 seconds before clicking 'OK' below.  This message will "
+                          "appear about 10 times before it is finished.");
+}
+
+QString finished(const QString& recordingsFolder)
+{
+    return QStringLiteral("This action is finished.") + QStringLiteral("\n") +
+           QStringLiteral("Please e-mail the files located in ") + recordingsFolder + QStringLiteral(" to ") +
+           maintainerEmail() + QStringLiteral(".");
+}
+
+QString packingProgress(const QString& archiveName, int percent)
+{
+    return QStringLiteral("Packing %1: %2%").arg(archiveName).arg(percent);
+}
+
+QString packingFailed(const QString& what, const QString& reason)
+{
+    return QStringLiteral("Packing stopped: %1 could not be written (%2).").arg(what, reason);
+}
+
+QString addFailed(const QString& reason)
+{
+    return QStringLiteral("The new word could not be added: %1").arg(reason);
+}
+
+} // namespace quorvane::editing_texts
