@@ -118,3 +118,12 @@ TEST(WordFiles, PairingLinesFillTheTableAndAMalformedLineLoadsNothing)
         EXPECT_EQ(fresh[17], "") << "a partial table was loaded for " << bad.constData();
     }
 }
+
+TEST(WordFiles, AFolderIsListedAsAWindowsFileSystemListsIt)
+{
+    // Upper-cased and compared code by code: "S" (0x53) before "_" (0x5F), "N" before "P", "A" before "Z".
+    ProgramFolder folder;
+    for (const char* name : {"Zebra", "apple", "animal_sounds", "animals"})
+        folder.write(name, "x");
+    EXPECT_EQ(scan_folder(folder.path()), QStringList({"animals", "animal_sounds", "apple", "Zebra"}));
+}
