@@ -136,8 +136,9 @@ TEST(MainWindow, ControlsCarryTheirNamesCaptionsAndFonts)
         ASSERT_NE(control, nullptr) << name.toStdString();
         const bool menu = qobject_cast<const QMenu*>(control);
         EXPECT_EQ(control->property(menu ? "title" : "text").toString(), entry.section('=', 1));
-        if (const auto* widget = qobject_cast<const QWidget*>(control); widget && !menu)
+        if (const auto* widget = qobject_cast<const QWidget*>(control); widget && !menu) {
             EXPECT_EQ(widget->font().family(), arial.contains(name) ? "Arial" : "MS Sans Serif") << name.toStdString();
+        }
     }
     for (const char* name : {"lang_list", "lists_list", "known_lists", "words_list", "words_liste"})
         EXPECT_NE(main->findChild<ListBox*>(name), nullptr) << name;
