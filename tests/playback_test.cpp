@@ -84,33 +84,44 @@ TEST_F(Playback, Mp3CaptureAppendsTheWordAndSilencesInsteadOfPlaying)
 {
     mp3("04000", "WORD-BYTES");
     folder.write("silence.mp3", QByteArray("SIL\0", 4));
-    folder.write("out_file.mp3", "HEAD");
+    folder.write("out_file.mp3.capture.tmp", "HEAD");
     session.mp3_words_left = 1;
     session.silence_count = 4;
     session.speed = 3.0f;
     say_word(session, "04000", "spanish");
-    EXPECT_EQ(folder.read("out_file.mp3"), QByteArray("HEADWORD-BYTES\r\nSIL\0\r\nSIL\0\r\nSIL\0\r\nSIL\0\r\n", 40));
+    EXPECT_EQ(folder.read("out_file.mp3.capture.tmp"),
+              QByteArray("HEADWORD-BYTES\r\nSIL\0\r\nSIL\0\r\nSIL\0\r\nSIL\0\r\n", 40));
     EXPECT_TRUE(sound.played.isEmpty());
     EXPECT_EQ(clock.processed, 0);
     EXPECT_EQ(view.captions, QStringList({"File # 04000"}));
 
     // No silence when the count is 0 or less; a missing word file appends nothing but silence.
-    QFile::remove(folder.file("out_file.mp3"));
+    QFile::remove(folder.file("out_file.mp3.capture.tmp"));
     session.silence_count = -1;
     say_word(session, "04000", "spanish");
-    EXPECT_EQ(folder.read("out_file.mp3"), QByteArray("WORD-BYTES\r\n"));
+    EXPECT_EQ(folder.read("out_file.mp3.capture.tmp"), QByteArray("WORD-BYTES\r\n"));
     session.silence_count = 1;
     say_word(session, "04999", "spanish");
-    EXPECT_EQ(folder.read("out_file.mp3"), QByteArray("WORD-BYTES\r\nSIL\0\r\n", 18));
+    EXPECT_EQ(folder.read("out_file.mp3.capture.tmp"), QByteArray("WORD-BYTES\r\nSIL\0\r\n", 18));
     EXPECT_EQ(session.missing_sound_count, 1);
 
-    // append_file copies any bytes and swallows its errors.
+    // The capture becomes out_file.mp3 whole; once the count is down to 0 the file beside it goes.
+    finish_mp3_capture(session);
+    EXPECT_EQ(folder.read("out_file.mp3"), QByteArray("WORD-BYTES\r\nSIL\0\r\n", 18));
+    EXPECT_TRUE(folder.exists("out_file.mp3.capture.tmp"));
+    session.mp3_words_left = 0;
+    finish_mp3_capture(session);
+    EXPECT_FALSE(folder.exists("out_file.mp3.capture.tmp"));
+    EXPECT_EQ(folder.read("out_file.mp3"), QByteArray("WORD-BYTES\r\nSIL\0\r\n", 18));
+
+    // append_file copies any bytes; a source it cannot read appends nothing, a target it cannot write
+    // is false.
     folder.write("a.bin", QByteArray("\x00\xff\r", 3));
     append_file(folder.file("a.bin"), folder.file("new.mp3"));
     append_file(folder.file("a.bin"), folder.file("new.mp3"));
     EXPECT_EQ(folder.read("new.mp3"), QByteArray("\x00\xff\r\r\n\x00\xff\r\r\n", 10));
     append_file(folder.file("absent.bin"), folder.file("other.mp3"));
-    append_file(folder.file("a.bin"), folder.file("no/such/folder/x.mp3"));
+    EXPECT_FALSE(append_file(folder.file("a.bin"), folder.file("no/such/folder/x.mp3")));
     EXPECT_FALSE(folder.exists("other.mp3") || folder.exists("no/such/folder/x.mp3"));
 }
 

@@ -1,9 +1,11 @@
 #include "app/main_window.h"
 
 #include "app/texts.h"
+#include "core/flags.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/sound_library.h"
+#include "store/search_texts.h"
 #include "store/start_up.h"
 #include "widgets/controls.h"
 #include "widgets/handler_guard.h"
@@ -50,9 +52,14 @@ MainWindow::~MainWindow()
     m_session->attachMainView(nullptr);
 }
 
-QPushButton* MainWindow::makeButton(const QString& name, const QString& caption, const QString& family)
+QLabel* MainWindow::makeLabel(const QString& name)
 {
-    return controls::button(centralWidget(), name, caption, smallFont(family));
+    return controls::label(centralWidget(), name, main_texts::caption(name), smallFont(controls::kSansSerif));
+}
+
+QPushButton* MainWindow::makeButton(const QString& name, const QString& family)
+{
+    return controls::button(centralWidget(), name, main_texts::caption(name), smallFont(family));
 }
 
 void MainWindow::buildControls()
@@ -69,43 +76,31 @@ void MainWindow::buildControls()
     txt_word_search = controls::lineEdit(central, QStringLiteral("txt_word_search"), sansSerif);
     txt_word_search2 = controls::lineEdit(central, QStringLiteral("txt_word_search2"), sansSerif);
 
-    Label9 = controls::label(central, QStringLiteral("Label9"), QStringLiteral("<--- Search"), sansSerif);
-    Label8 = controls::label(central, QStringLiteral("Label8"), QString(), sansSerif);
-    Label1 = controls::label(central, QStringLiteral("Label1"), QStringLiteral("Click A Language"), sansSerif);
-    Label3 = controls::label(central, QStringLiteral("Label3"), QStringLiteral("Click Unknown List"), sansSerif);
-    Label2 = controls::label(central, QStringLiteral("Label2"), QStringLiteral("Known Lists"), sansSerif);
-    Label4 = controls::label(central, QStringLiteral("Label4"),
-                             QStringLiteral("Double-click a word to move it from your unknown to your known list, "
-                                            "or vice versa."),
-                             sansSerif);
-    Label5 = controls::label(central, QStringLiteral("Label5"), main_texts::moreWordsLine(), sansSerif);
-    Label6 = controls::label(central, QStringLiteral("Label6"), QString(), sansSerif);
+    Label9 = makeLabel(QStringLiteral("Label9"));
+    Label8 = makeLabel(QStringLiteral("Label8"));
+    Label1 = makeLabel(QStringLiteral("Label1"));
+    Label3 = makeLabel(QStringLiteral("Label3"));
+    Label2 = makeLabel(QStringLiteral("Label2"));
+    Label4 = makeLabel(QStringLiteral("Label4"));
+    Label5 = makeLabel(QStringLiteral("Label5"));
+    Label6 = makeLabel(QStringLiteral("Label6"));
     Label4->setWordWrap(true);
     for (QLabel* heading : {Label1, Label3, Label2})
         heading->setStyleSheet(QStringLiteral("font-weight: bold"));
 
-    flash_cards =
-        makeButton(QStringLiteral("flash_cards"), QStringLiteral("Large Flash Cards and MP3"), controls::kSansSerif);
-    small_flash =
-        makeButton(QStringLiteral("small_flash"), QStringLiteral("Small Flash Card (Stays On Top)"), controls::kArial);
-    test_me = makeButton(QStringLiteral("test_me"), QStringLiteral("Start Student Test"), controls::kArial);
-    show_test_results =
-        makeButton(QStringLiteral("show_test_results"), QStringLiteral("Show Test Results"), controls::kArial);
-    print_list = makeButton(QStringLiteral("print_list"), QStringLiteral("Show Selected Word List"), controls::kArial);
-    record_word_word = makeButton(QStringLiteral("record_word_word"), QStringLiteral("Record and Edit Selected Word"),
-                                  controls::kSansSerif);
-    record_word_list = makeButton(QStringLiteral("record_word_list"), QStringLiteral("Record and Edit Selected List"),
-                                  controls::kSansSerif);
-    new_language = makeButton(QStringLiteral("new_language"), QStringLiteral("Add new language"), controls::kSansSerif);
-    add_list = makeButton(QStringLiteral("add_list"), QStringLiteral("Add new word list"), controls::kSansSerif);
-    toggle_font = makeButton(QStringLiteral("toggle_font"), QStringLiteral("Increase Font"), controls::kArial);
-    play_paragraph =
-        makeButton(QStringLiteral("play_paragraph"),
-                   QStringLiteral("Play a paragraph of words, highlighting each word"), controls::kSansSerif);
-    paly_syllables = makeButton(QStringLiteral("paly_syllables"),
-                                QStringLiteral("Play each syllable in selected word, highlighting each letter"),
-                                controls::kSansSerif);
-    exit_program = makeButton(QStringLiteral("exit_program"), QStringLiteral("Exit Program"), controls::kSansSerif);
+    flash_cards = makeButton(QStringLiteral("flash_cards"), controls::kSansSerif);
+    small_flash = makeButton(QStringLiteral("small_flash"), controls::kArial);
+    test_me = makeButton(QStringLiteral("test_me"), controls::kArial);
+    show_test_results = makeButton(QStringLiteral("show_test_results"), controls::kArial);
+    print_list = makeButton(QStringLiteral("print_list"), controls::kArial);
+    record_word_word = makeButton(QStringLiteral("record_word_word"), controls::kSansSerif);
+    record_word_list = makeButton(QStringLiteral("record_word_list"), controls::kSansSerif);
+    new_language = makeButton(QStringLiteral("new_language"), controls::kSansSerif);
+    add_list = makeButton(QStringLiteral("add_list"), controls::kSansSerif);
+    toggle_font = makeButton(QStringLiteral("toggle_font"), controls::kArial);
+    play_paragraph = makeButton(QStringLiteral("play_paragraph"), controls::kSansSerif);
+    paly_syllables = makeButton(QStringLiteral("paly_syllables"), controls::kSansSerif);
+    exit_program = makeButton(QStringLiteral("exit_program"), controls::kSansSerif);
     // The two placeholders have no behaviour; they are kept out of sight.
     play_paragraph->hide();
     paly_syllables->hide();
@@ -163,25 +158,27 @@ void MainWindow::buildControls()
 
 void MainWindow::buildMenus()
 {
-    auto addMenu = [this](const QString& name, const QString& caption) {
-        QMenu* menu = menuBar()->addMenu(caption);
+    auto addMenu = [this](const QString& name) {
+        QMenu* menu = menuBar()->addMenu(main_texts::caption(name));
         menu->setObjectName(name);
         return menu;
     };
-    auto addItem = [this](QMenu* menu, const QString& name, const QString& caption) {
-        QAction* action = menu->addAction(caption);
+    auto addItem = [this](QMenu* menu, const QString& name) {
+        QAction* action = menu->addAction(main_texts::caption(name));
         action->setObjectName(name);
         action->setParent(this);
         return action;
     };
-    QMenu* file = addMenu(QStringLiteral("File"), QStringLiteral("&File"));
-    Exit = addItem(file, QStringLiteral("Exit"), QStringLiteral("E&xit"));
-    QMenu* instructions = addMenu(QStringLiteral("Instructions1"), QStringLiteral("&Instructions"));
-    Instructions2 = addItem(instructions, QStringLiteral("Instructions2"), QStringLiteral("Instructions"));
-    QMenu* help = addMenu(QStringLiteral("Help1"), QStringLiteral("&Help"));
-    Help2 = addItem(help, QStringLiteral("Help2"), QStringLiteral("Hel&p"));
-    Troubleshooting = addItem(help, QStringLiteral("Troubleshooting"), QStringLiteral("&Troubleshooting"));
-    About1 = addItem(help, QStringLiteral("About1"), QStringLiteral("&About"));
+    QMenu* file = addMenu(QStringLiteral("File"));
+    Exit = addItem(file, QStringLiteral("Exit"));
+    QMenu* instructions = addMenu(QStringLiteral("Instructions1"));
+    Instructions2 = addItem(instructions, QStringLiteral("Instructions2"));
+    QMenu* help = addMenu(QStringLiteral("Help1"));
+    Help2 = addItem(help, QStringLiteral("Help2"));
+    Troubleshooting = addItem(help, QStringLiteral("Troubleshooting"));
+    About1 = addItem(help, QStringLiteral("About1"));
+    QMenu* contributors = addMenu(QStringLiteral("Contributors"));
+    pair_recordings = addItem(contributors, QStringLiteral("pair_recordings"));
 }
 
 void MainWindow::wireHandlers()
@@ -202,12 +199,16 @@ void MainWindow::wireHandlers()
     connect(Help2, &QAction::triggered, this, &MainWindow::Help2_click);
     connect(Troubleshooting, &QAction::triggered, this, &MainWindow::Troubleshooting_click);
     connect(About1, &QAction::triggered, this, &MainWindow::About1_click);
-    // Parts of the program still to come: their buttons are shown but cannot be pressed yet.
-    for (QPushButton* button :
-         {test_me, show_test_results, print_list, record_word_word, record_word_list, new_language, add_list}) {
-        button->setEnabled(false);
-        button->setToolTip(main_texts::notYetAvailable());
-    }
+    connect(record_word_word, &QPushButton::clicked, this, &MainWindow::record_word_word_click);
+    connect(record_word_list, &QPushButton::clicked, this, &MainWindow::record_word_list_click);
+    connect(txt_word_search, &QLineEdit::textChanged, this, &MainWindow::txt_word_search_change);
+    connect(txt_word_search2, &QLineEdit::textChanged, this, &MainWindow::txt_word_search2_change);
+    connect(new_language, &QPushButton::clicked, this, &MainWindow::new_language_click);
+    connect(add_list, &QPushButton::clicked, this, &MainWindow::add_list_click);
+    connect(pair_recordings, &QAction::triggered, this, &MainWindow::pair_recordings_click);
+    connect(test_me, &QPushButton::clicked, this, &MainWindow::test_me_click);
+    connect(show_test_results, &QPushButton::clicked, this, &MainWindow::show_test_results_click);
+    connect(print_list, &QPushButton::clicked, this, &MainWindow::print_list_click);
 }
 
 void MainWindow::guarded(const std::function<void()>& handler)
@@ -245,13 +246,13 @@ void MainWindow::show_main_window()
 
 void MainWindow::toggle_font_click()
 {
-    const bool increase = toggle_font->text() == QStringLiteral("Increase Font");
+    const bool increase = toggle_font->text() == main_texts::increaseFont();
     for (ListBox* box : {lists_list, words_list, words_liste}) {
         QFont font = box->font();
         font.setPointSize(increase ? kLargeListPoints : kSmallListPoints);
         box->setFont(font);
     }
-    toggle_font->setText(increase ? QStringLiteral("Decrease Font") : QStringLiteral("Increase Font"));
+    toggle_font->setText(increase ? main_texts::decreaseFont() : main_texts::increaseFont());
 }
 
 void MainWindow::exit_program_click()
@@ -262,7 +263,7 @@ void MainWindow::exit_program_click()
 void MainWindow::Exit_click()
 {
     // Ends every running drill or wait, closes every window and the sound library, and leaves.
-    m_session->stop_flag = QStringLiteral("yes");
+    m_session->stop_flag = flags::kYes;
     m_session->sound.close();
     QApplication::closeAllWindows();
     hide();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/main_view.h"
+#include "store/search.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -103,9 +104,18 @@ public slots:
     void Troubleshooting_click();
     void About1_click();
 
+    // Recording: the record-and-edit window for the selected word or the whole list.
+    void record_word_word_click();
+    void record_word_list_click();
+    // The student test and the results window.
+    void print_list_click();
+    void show_test_results_click();
+    void test_me_click();
+
 private:
     void buildControls();
-    QPushButton* makeButton(const QString& name, const QString& caption, const QString& family);
+    QLabel* makeLabel(const QString& name);
+    QPushButton* makeButton(const QString& name, const QString& family);
     void buildMenus();
     void wireHandlers();
     // Shows a list (unknown or known) picked in lists_list or known_lists.
@@ -122,6 +132,26 @@ private:
     QPointer<SmallFlashWindow> m_smallFlashWindow;
     // "yes" while a click on a word makes the translation box follow, "no" the other way round.
     QString m_syncFlag;
+
+    // Searching the master list, pairing with the translation language, new languages and new
+    // lists (main_window_search.cpp).
+public slots:
+    // Fills the word boxes with the master entries whose word (field 0) or translation (field 1)
+    // begins with what its search box holds.
+    void search_master_list(int field);
+    // Writes the trans index of the current language from the two master files.
+    void create_trans_index();
+    void txt_word_search_change();
+    void txt_word_search2_change();
+    void new_language_click();
+    void add_list_click();
+    void pair_recordings_click();
+
+public:
+    QAction* pair_recordings;
+
+private:
+    MasterCache m_masterCache;
 };
 
 } // namespace quorvane

@@ -1,6 +1,9 @@
 #include "app/texts.h"
 
 #include "core/product.h"
+#include "store/search_texts.h"
+
+#include <QHash>
 
 namespace quorvane::main_texts {
 
@@ -14,6 +17,54 @@ QString web()
 QString windowTitle()
 {
     return web();
+}
+
+QString caption(const QString& name)
+{
+    static const QHash<QString, QString> captions{
+        {QStringLiteral("Label9"), QStringLiteral("<--- Search")},
+        {QStringLiteral("Label1"), QStringLiteral("Click A Language")},
+        {QStringLiteral("Label3"), QStringLiteral("Click Unknown List")},
+        {QStringLiteral("Label2"), QStringLiteral("Known Lists")},
+        {QStringLiteral("Label4"),
+         QStringLiteral("Double-click a word to move it from your unknown to your known list, or vice versa.")},
+        {QStringLiteral("flash_cards"), QStringLiteral("Large Flash Cards and MP3")},
+        {QStringLiteral("test_me"), QStringLiteral("Start Student Test")},
+        {QStringLiteral("show_test_results"), QStringLiteral("Show Test Results")},
+        {QStringLiteral("print_list"), QStringLiteral("Show Selected Word List")},
+        {QStringLiteral("record_word_word"), QStringLiteral("Record and Edit Selected Word")},
+        {QStringLiteral("record_word_list"), QStringLiteral("Record and Edit Selected List")},
+        {QStringLiteral("new_language"), QStringLiteral("Add new language")},
+        {QStringLiteral("add_list"), QStringLiteral("Add new word list")},
+        {QStringLiteral("play_paragraph"), QStringLiteral("Play a paragraph of words, highlighting each word")},
+        {QStringLiteral("paly_syllables"),
+         QStringLiteral("Play each syllable in selected word, highlighting each letter")},
+        {QStringLiteral("exit_program"), QStringLiteral("Exit Program")},
+        {QStringLiteral("File"), QStringLiteral("&File")},
+        {QStringLiteral("Exit"), QStringLiteral("E&xit")},
+        {QStringLiteral("Instructions1"), QStringLiteral("&Instructions")},
+        {QStringLiteral("Instructions2"), QStringLiteral("Instructions")},
+        {QStringLiteral("Help1"), QStringLiteral("&Help")},
+        {QStringLiteral("Help2"), QStringLiteral("Hel&p")},
+        {QStringLiteral("Troubleshooting"), QStringLiteral("&Troubleshooting")},
+        {QStringLiteral("About1"), QStringLiteral("&About")},
+        {QStringLiteral("small_flash"), QStringLiteral("Small Flash Card (Stays On Top)")},
+        {QStringLiteral("Label5"), moreWordsLine()},
+        {QStringLiteral("toggle_font"), increaseFont()},
+        {QStringLiteral("Contributors"), search_texts::pairingMenu()},
+        {QStringLiteral("pair_recordings"), search_texts::pairingItem()},
+    };
+    return captions.value(name);
+}
+
+QString increaseFont()
+{
+    return QStringLiteral("Increase Font");
+}
+
+QString decreaseFont()
+{
+    return QStringLiteral("Decrease Font");
 }
 
 QString moreWordsLine()
@@ -87,11 +138,6 @@ QString about()
                .arg(QString::fromLatin1(product::kName), QString::fromLatin1(product::kVersion),
                     QString::fromLatin1(product::kReleaseDate), web()) +
            QStringLiteral("edit words and phrases, see also the license on the 'Record and Edit' form.");
-}
-
-QString notYetAvailable()
-{
-    return QStringLiteral("This part of Quorvane is not available in this version yet.");
 }
 
 } // namespace quorvane::main_texts

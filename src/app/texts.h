@@ -6,6 +6,10 @@
 namespace quorvane::main_texts {
 
 QString windowTitle();
+// The caption of a control or menu of the main window, by its name.
+QString caption(const QString& name);
+QString increaseFont();
+QString decreaseFont();
 QString moreWordsLine();
 
 QString instructionsTitle();
@@ -16,7 +20,5 @@ QString troubleshootingTitle();
 QString troubleshooting();
 QString aboutTitle();
 QString about();
-
-QString notYetAvailable();
 
 } // namespace quorvane::main_texts

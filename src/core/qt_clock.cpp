@@ -6,18 +6,36 @@
 #include <QTime>
 #include <QTimer>
 
+#include <chrono>
+#include <cmath>
+
 namespace quorvane {
 
 namespace {
+
 constexpr int kIdleWaitMilliseconds = 10;
+constexpr double kSecondsPerDay = 86400.0;
+
+// The time of day to a fraction of a microsecond: the wall clock read once, then carried on by the
+// steady clock, which resolves nanoseconds. Callers that seed a generator from the timer at every
+// call (random_index) then get a new seed at each call rather than one per millisecond.
+double fineTimeOfDay()
+{
+    using Steady = std::chrono::steady_clock;
+    static const Steady::time_point origin = Steady::now();
+    static const double originTimeOfDay = QTime::currentTime().msecsSinceStartOfDay() / 1000.0;
+    const double elapsed = std::chrono::duration<double>(Steady::now() - origin).count();
+    return std::fmod(originTimeOfDay + elapsed, kSecondsPerDay);
 }
+
+} // namespace
 
 QtClock::QtClock() = default;
 QtClock::~QtClock() = default;
 
 double QtClock::timer()
 {
-    return QTime::currentTime().msecsSinceStartOfDay() / 1000.0;
+    return fineTimeOfDay();
 }
 
 void QtClock::processEvents()

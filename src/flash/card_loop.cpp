@@ -159,7 +159,8 @@ private:
             // Counted down before the card's sounds: the last card asked for gets its beep while
             // the count is already 0, so its sounds are heard rather than captured. Kept.
             --s.mp3_words_left;
-            append_file(paths::beepFile(), paths::mp3OutputFile());
+            if (capture_piece(s, paths::beepFile()) && s.mp3_words_left == 0)
+                finish_mp3_capture(s);
             m_view.showMp3Progress(flash_texts::wordsAdded(m_wordsPlayed));
         }
         if (s.say_mode == kYes || (s.say_mode == kInterlace && s.interlace_count > 1)) {
@@ -226,6 +227,8 @@ void play_cards(Session& session, CardView& view, QObject* viewObject, CardStyle
 {
     const MissingSoundReset reset(session);
     CardRun(session, view, viewObject, kind).run();
+    // However the run ended, out_file.mp3 holds what was captured so far.
+    finish_mp3_capture(session);
 }
 
 int card_points(const QString& word, const QString& translation)

@@ -1,6 +1,7 @@
 #include "flash/card_settings.h"
 
 #include "core/basic.h"
+#include "core/flags.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "flash/texts.h"
@@ -73,19 +74,19 @@ void ask_interlace(Session& session, CardStyle kind)
     askNumber(session,
               kind == CardStyle::large ? flash_texts::largeInterlacePrompt() : flash_texts::smallInterlacePrompt(),
               session.interlace_count);
-    session.say_mode = QStringLiteral("interlace");
+    session.say_mode = flags::kInterlace;
 }
 
 void choose_top_only(Session& session)
 {
     session.prompts.message(flash_texts::topOnlyMessage());
-    session.say_mode = QStringLiteral("no");
+    session.say_mode = flags::kNo;
 }
 
 void choose_both(Session& session)
 {
     session.prompts.message(flash_texts::bothMessage());
-    session.say_mode = QStringLiteral("yes");
+    session.say_mode = flags::kYes;
 }
 
 } // namespace quorvane

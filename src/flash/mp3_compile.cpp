@@ -1,13 +1,16 @@
 #include "flash/mp3_compile.h"
-#include "store/paths.h"
 
 #include "core/basic.h"
+#include "core/clock.h"
+#include "core/flags.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "flash/card_loop.h"
 #include "flash/texts.h"
 #include "sound/playback.h"
 #include "sound/texts.h"
+#include "store/paths.h"
+#include "store/text_files.h"
 
 #include <QDir>
 #include <QFile>
@@ -15,6 +18,7 @@
 #include <cmath>
 #include <optional>
 #include <unordered_map>
+#include <utility>
 
 namespace quorvane {
 
@@ -49,9 +53,10 @@ private:
     std::unordered_map<QString, std::optional<QByteArray>> m_pieces;
 };
 
-// One output file, built in memory and written in one piece: the same bytes as appending each
-// piece with its CR LF, without reopening the file thousands of times. Like appending, nothing is
-// created when every piece is missing.
+// One output file, built in memory and written in one piece beside its name, then renamed into
+// place: the same bytes as appending each piece with its CR LF, without reopening the file
+// thousands of times, and never a file cut short. Like appending, nothing is created when every
+// piece is missing; an old file of that name is then deleted.
 class OutputFile
 {
 public:
@@ -61,7 +66,6 @@ public:
         m_bytes.clear();
         m_bytes.reserve(expectedSize);
         m_touched = false;
-        QFile::remove(path);
     }
 
     void append(const QByteArray* piece)
@@ -73,18 +77,22 @@ public:
         m_touched = true;
     }
 
-    // Errors are swallowed, as every append of a piece swallows them.
-    void finish()
+    // False, with error set, when the file could not be written; the old file is then left.
+    bool finish(QString* error)
     {
-        if (m_path.isEmpty() || !m_touched)
-            return;
-        QFile file(m_path);
-        if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            file.write(m_bytes);
-        m_path.clear();
+        const QString path = std::exchange(m_path, QString());
+        if (path.isEmpty())
+            return true;
+        if (!m_touched) {
+            QFile::remove(path);
+            return true;
+        }
+        const bool written = writeBytes(path, m_bytes, error);
         m_bytes.clear();
+        return written;
     }
 
+    const QString& path() const { return m_path; }
     qsizetype size() const { return m_bytes.size(); }
 
 private:
@@ -116,6 +124,7 @@ void create_mp3(Session& session)
     if (const auto words = basic::toInteger(session.prompts.input(flash_texts::createMp3Prompt())))
         session.mp3_words_left = *words;
     QFile::remove(paths::mp3OutputFile());
+    QFile::remove(mp3_capture_file());
     session.prompts.message(flash_texts::createMp3Started());
 }
 
@@ -143,16 +152,27 @@ void auto_mp3(Session& session, const Mp3Progress& progress)
     const QByteArray* silence = cache.bytes(paths::silenceFile());
     const QByteArray* beep = cache.bytes(paths::beepFile());
     const int count = session.wordCount();
+    // A stop (the cards paused, the window closed) arrives while the compilation lets events
+    // through; a stop already in force when it began is the paused cards' and is not its own.
+    const bool stoppable = session.stop_flag != flags::kYes;
     OutputFile output;
-    for (int done = 0; done < count; ++done) {
+    QString error;
+    int done = 0;
+    for (; done < count; ++done) {
         if (done % kWordsPerProgress == 0) {
             if (progress)
                 progress(flash_texts::wordsCompleted(done));
             wait_seconds(session, kProgressWait);
         }
+        if (stoppable && session.stop_flag == flags::kYes)
+            break;
         if (done % kWordsPerFile == 0) {
             const qsizetype lastSize = output.size();
-            output.finish();
+            const QString last = output.path();
+            if (!output.finish(&error)) {
+                prompts.message(flash_texts::mp3NotWritten(last, error));
+                return;
+            }
             output.begin(paths::numberedMp3File(done / kWordsPerFile + 1), lastSize);
         }
         const QString soundNumber = session.sound_numbers.value(done);
@@ -166,9 +186,20 @@ void auto_mp3(Session& session, const Mp3Progress& progress)
                 output.append(silence);
         }
         output.append(beep);
+        // Between the waits of every tenth word, a Pause or a close still reaches the loop.
+        session.clock.processEvents();
     }
-    output.finish();
-    prompts.message(flash_texts::filesCompleted(count / kWordsPerFile + 1));
+    const QString last = output.path();
+    if (!output.finish(&error)) {
+        prompts.message(flash_texts::mp3NotWritten(last, error));
+        return;
+    }
+    if (done == 0 && count > 0)
+        prompts.message(flash_texts::cancelled());
+    else if (done < count)
+        prompts.message(flash_texts::mp3Stopped(done, last));
+    else
+        prompts.message(flash_texts::filesCompleted(count / kWordsPerFile + 1));
 }
 
 } // namespace quorvane

@@ -22,8 +22,11 @@ using Mp3Progress = std::function<void(const QString& text)>;
 // ... in the program folder, after an OK/Cancel box and boxes for the repeats and the silence
 // between words (which also sets silence_count). Each word is, as many times as asked, its
 // translation's recording, its own recording and the silence pieces, then a beep; every piece is
-// followed by CR LF. Missing recordings are left out. Ends with the count of files, or with
-// "Action has been cancelled".
+// followed by CR LF. Missing recordings are left out. Each file is written beside its name and
+// renamed into place when whole. Ends with the count of files, or with "Action has been
+// cancelled". Events are let through after every word: a stop_flag set meanwhile (not one already
+// set when it began) ends it with the words done so far written and a message saying so. A file
+// that cannot be written ends it with a message naming the file; the files before it stay.
 void auto_mp3(Session& session, const Mp3Progress& progress);
 
 // The released recording of a sound number in a language (empty sound number: a path that

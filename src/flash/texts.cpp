@@ -269,6 +269,16 @@ QString cancelled()
     return QStringLiteral("Action has been cancelled");
 }
 
+QString mp3NotWritten(const QString& path, const QString& reason)
+{
+    return QStringLiteral("The file %1 could not be written (%2). The MP3 files are not finished.").arg(path, reason);
+}
+
+QString mp3Stopped(int words, const QString& path)
+{
+    return QStringLiteral("Stopped after %1 words. The file %2 holds the last of them.").arg(words).arg(path);
+}
+
 QString repeatCountPrompt()
 {
     return QStringLiteral("How many times should words be repeated before going to the next word? Recommended ranges "

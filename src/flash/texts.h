@@ -68,6 +68,9 @@ QString autoMp3RepeatPrompt();
 QString autoMp3SilencePrompt();
 QString filesCompleted(int count);
 QString cancelled();
+// An MP3 file of auto_mp3 that could not be written, and a compilation stopped part-way.
+QString mp3NotWritten(const QString& path, const QString& reason);
+QString mp3Stopped(int words, const QString& path);
 
 // The repeat-count box and its answer to a count out of range.
 QString repeatCountPrompt();

@@ -1,5 +1,6 @@
 #include "sound/playback.h"
 #include "store/paths.h"
+#include "store/text_files.h"
 
 #include "core/clock.h"
 #include "core/flags.h"
@@ -82,9 +83,12 @@ void say_word(Session& session, const QString& soundNumber, const QString& langu
     session.mainView().show_sound_caption(sound_texts::fileNumberCaption(soundNumber));
     // MP3 capture takes released recordings only; a new recording chosen meanwhile is played.
     if (session.mp3_words_left >= 1 && chosen.extension == QLatin1String(".mp3")) {
-        append_file(chosen.path, paths::mp3OutputFile());
-        for (int i = 0; i < session.silence_count; ++i)
-            append_file(paths::silenceFile(), paths::mp3OutputFile());
+        if (!capture_piece(session, chosen.path))
+            return;
+        for (int i = 0; i < session.silence_count; ++i) {
+            if (!capture_piece(session, paths::silenceFile()))
+                return;
+        }
         return;
     }
     play_sound_file(session, chosen.path);
@@ -107,17 +111,52 @@ void wait_seconds(Session& session, float seconds)
         session.clock.processEvents();
 }
 
-void append_file(const QString& source, const QString& target)
+bool append_file(const QString& source, const QString& target, QString* error)
 {
     QFile in(source);
     if (!in.open(QIODevice::ReadOnly))
-        return;
-    const QByteArray bytes = in.readAll();
+        return true;
+    const QByteArray bytes = in.readAll() + QByteArrayLiteral("\r\n");
     in.close();
     QFile out(target);
-    if (!out.open(QIODevice::WriteOnly | QIODevice::Append))
+    if (!out.open(QIODevice::WriteOnly | QIODevice::Append) || out.write(bytes) != bytes.size() || !out.flush()) {
+        if (error)
+            *error = out.errorString();
+        return false;
+    }
+    return true;
+}
+
+QString mp3_capture_file()
+{
+    // Not the name a rewrite of out_file.mp3 uses beside it, which finish_mp3_capture makes.
+    return paths::mp3OutputFile() + QStringLiteral(".capture.tmp");
+}
+
+bool capture_piece(Session& session, const QString& piece)
+{
+    QString error;
+    if (append_file(piece, mp3_capture_file(), &error))
+        return true;
+    // The capture ends here; what was captured before stays in out_file.mp3.
+    session.mp3_words_left = 0;
+    QFile::remove(mp3_capture_file());
+    session.prompts.message(sound_texts::captureNotWritten(mp3_capture_file(), error));
+    return false;
+}
+
+void finish_mp3_capture(Session& session)
+{
+    QFile capture(mp3_capture_file());
+    if (!capture.open(QIODevice::ReadOnly))
         return;
-    out.write(bytes + QByteArrayLiteral("\r\n"));
+    const QByteArray bytes = capture.readAll();
+    capture.close();
+    QString error;
+    if (!writeBytes(paths::mp3OutputFile(), bytes, &error))
+        session.prompts.message(sound_texts::captureNotWritten(paths::mp3OutputFile(), error));
+    if (session.mp3_words_left <= 0)
+        capture.remove();
 }
 
 } // namespace quorvane

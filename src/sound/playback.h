@@ -6,7 +6,7 @@ namespace quorvane {
 
 class Session;
 
-// Plays (or, while an MP3 file is being compiled, appends to out_file.mp3) the recording of a
+// Plays (or, while an MP3 file is being compiled, captures for out_file.mp3) the recording of a
 // sound number in a language, and shows "File # " and the number on the main window. An empty
 // sound number does nothing.
 void say_word(Session& session, const QString& soundNumber, const QString& language);
@@ -20,8 +20,17 @@ void play_sound_file(Session& session, QString& path);
 // skip_flag is "yes". A zero or negative wait handles no events.
 void wait_seconds(Session& session, float seconds);
 
-// Appends the whole source file and CR LF to the target file (created when missing). Errors are
-// swallowed.
-void append_file(const QString& source, const QString& target);
+// Appends the whole source file and CR LF to the target file (created when missing). A source that
+// cannot be read appends nothing (a missing recording is left out); a failed write is false, with
+// error set.
+bool append_file(const QString& source, const QString& target, QString* error = nullptr);
+
+// MP3 capture by the running flash cards. The pieces are appended to a file beside out_file.mp3;
+// out_file.mp3 is written whole from it at the end of each run of the cards and when the count of
+// words to capture reaches 0 (then the file beside it goes). A piece that cannot be written ends
+// the capture with a message naming the file: false.
+QString mp3_capture_file();
+bool capture_piece(Session& session, const QString& piece);
+void finish_mp3_capture(Session& session);
 
 } // namespace quorvane

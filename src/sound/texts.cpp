@@ -17,4 +17,9 @@ QString playFailed(const QString& errorText)
     return QStringLiteral("An error occured playing the sample!\r\n") + errorText;
 }
 
+QString captureNotWritten(const QString& path, const QString& reason)
+{
+    return QStringLiteral("The MP3 file %1 could not be written (%2). The capture has stopped.").arg(path, reason);
+}
+
 } // namespace quorvane::sound_texts

@@ -11,4 +11,7 @@ QString fileNumberCaption(const QString& soundNumber);
 QString openFailed(const QString& errorText);
 QString playFailed(const QString& errorText);
 
+// A piece of an MP3 capture that could not be written.
+QString captureNotWritten(const QString& path, const QString& reason);
+
 } // namespace quorvane::sound_texts

@@ -41,6 +41,16 @@ QString userFolder(const QString& userName)
     return usersFolder() + userName + separator();
 }
 
+QString testResultsFile()
+{
+    return programFolder() + QStringLiteral("test_results.txt");
+}
+
+QString studentTestRecord(const QString& userName)
+{
+    return usersFolder() + userName + QStringLiteral("_test.txt");
+}
+
 QString languageFolder(const QString& languagesFolder, const QString& language)
 {
     return languagesFolder + language + separator();
@@ -123,6 +133,11 @@ QString knownFile(const QString& userFolder, const QString& language, const QStr
 QString unknownFile(const QString& userFolder, const QString& language, const QString& list)
 {
     return studentLanguageFolder(userFolder, language) + list + kUnknownSuffix;
+}
+
+QString studentLockFile(const QString& userFolder)
+{
+    return userFolder + QStringLiteral("quorvane.lock");
 }
 
 QString mp3OutputFile()

@@ -9,12 +9,17 @@ namespace quorvane::paths {
 inline const QString kListSuffix = QStringLiteral(".txt");
 inline const QString kKnownSuffix = QStringLiteral("-k.txt");
 inline const QString kUnknownSuffix = QStringLiteral("-u.txt");
+// A file being rewritten is written beside its name, under the name followed by this suffix.
+inline const QString kRewriteSuffix = QStringLiteral(".rewrite.tmp");
 
 // The program folder's own folders.
 QString programFolder();
 QString languagesFolder();
 QString usersFolder();
 QString userFolder(const QString& userName);
+// The running record of every test, and a student's own record (which nothing here writes).
+QString testResultsFile();
+QString studentTestRecord(const QString& userName);
 
 // A language's folder and its files.
 QString languageFolder(const QString& languagesFolder, const QString& language);
@@ -39,6 +44,8 @@ QString newMp3Recording(const QString& languagesFolder, const QString& language,
 QString studentLanguageFolder(const QString& userFolder, const QString& language);
 QString knownFile(const QString& userFolder, const QString& language, const QString& list);
 QString unknownFile(const QString& userFolder, const QString& language, const QString& list);
+// The lock that keeps a second copy of the program away from a student's files.
+QString studentLockFile(const QString& userFolder);
 
 // The pieces and results of MP3 compilation, in the program folder (relative paths).
 QString mp3OutputFile();

@@ -35,6 +35,11 @@ LanguageLists choose_language(Session& session, const QString& language)
     const QString studentFolder = paths::studentLanguageFolder(session.user_folder, language);
     if (!QFileInfo(studentFolder).isDir())
         QDir().mkpath(studentFolder);
+    // A rewrite left beside its file is one a killed run never finished: only this session writes
+    // the student's files (the folder is locked), and a rewrite of a language file is over before
+    // its handler returns.
+    removeStrayRewrites(studentFolder);
+    removeStrayRewrites(paths::languageFolder(languages, language));
     LanguageLists result;
     result.lists = scan_and_sweep(paths::languageFolder(languages, language), paths::kListSuffix);
     result.lists.removeAll(paths::masterName(language));

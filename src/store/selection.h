@@ -16,7 +16,8 @@ struct LanguageLists
 // Chooses a language: current_language, master_file and trans_file follow it, the student's
 // folder of the language is made, and where the language has a trans file, target_language,
 // target_master_file, trans_index_file and the pairing table follow too (without one, the
-// previous language's stay in force). shown_file is cleared. A malformed pairing file throws
+// previous language's stay in force). shown_file is cleared, and the rewrites a killed run left in
+// the language's folder and the student's folder of it are removed. A malformed pairing file throws
 // TableLimitError before any session value changes.
 LanguageLists choose_language(Session& session, const QString& language);
 

@@ -12,9 +12,19 @@ class Session;
 // word says what could not be written.
 void ask_user_name(Session& session);
 
+// Locks the student's folder (user_folder) for this session: one copy of the program per student.
+// The lock lasts as long as the main window attached to the session (with none, as long as the
+// process); the lock of a process that has ended is taken over. False when another session or
+// process holds it; a lock that cannot be made at all (a read-only disk) is passed over, since
+// the first write says what is wrong.
+bool lock_student_folder(Session& session);
+
 // The start of a run, before the languages are listed: checks that the sound library is there
 // (if not, says so and returns false, doing nothing more), starts it (a failure is said, and the
-// run goes on without sound), asks the student's name and sets languages_folder.
+// run goes on without sound), asks the student's name, locks the student's folder (another copy
+// open for the same student is said, and false returned, before any of the student's files is
+// touched), removes the rewrites a killed run left in the program folder and sets
+// languages_folder.
 bool start_up(Session& session);
 
 // The installed languages, in the order the folder lists them.

@@ -1,11 +1,20 @@
 #include "store/text_files.h"
 
+#include "store/file_faults.h"
+#include "store/paths.h"
+
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
-#include <QSaveFile>
 
 #include <array>
+#include <cerrno>
+#include <cstring>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace quorvane {
 
@@ -109,6 +118,119 @@ QByteArray encodeLines(const QStringList& lines)
     return bytes;
 }
 
+namespace {
+
+// ---- Fault injection (tests only)
+
+struct Faults
+{
+    std::array<int, 3> counts{};
+    file_faults::Step step = file_faults::Step::write;
+    int failAt = 0; // the count of that step that fails; 0: none
+    int error = 0;
+};
+
+Faults& faults()
+{
+    static Faults state;
+    return state;
+}
+
+// Counts a step; the injected error code when this one is to fail, else 0.
+int injectedFault(file_faults::Step step)
+{
+    Faults& state = faults();
+    const int counted = ++state.counts[static_cast<size_t>(step)];
+    return state.failAt > 0 && state.step == step && counted == state.failAt ? state.error : 0;
+}
+
+// ---- The steps, each checked
+
+QString causeText(int code)
+{
+    if (code == ENOSPC || code == EDQUOT)
+        return QStringLiteral("the disk is full");
+    return QString::fromLocal8Bit(std::strerror(code));
+}
+
+bool fail(int code, QString* error)
+{
+    if (error)
+        *error = causeText(code);
+    return false;
+}
+
+// Writes every byte, as many calls as it takes; false with *code set otherwise.
+bool writeAll(int fd, const QByteArray& bytes, int* code)
+{
+    const char* data = bytes.constData();
+    qsizetype left = bytes.size();
+    if (const int injected = injectedFault(file_faults::Step::write)) {
+        left /= 2;
+        *code = injected;
+        while (left > 0) {
+            const ssize_t written = ::write(fd, data, static_cast<size_t>(left));
+            if (written <= 0)
+                break;
+            data += written;
+            left -= written;
+        }
+        return false;
+    }
+    while (left > 0) {
+        const ssize_t written = ::write(fd, data, static_cast<size_t>(left));
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0) {
+            *code = written < 0 ? errno : ENOSPC;
+            return false;
+        }
+        data += written;
+        left -= written;
+    }
+    return true;
+}
+
+// The data on the disk: a full disk may only say so here.
+bool syncToDisk(int fd, int* code)
+{
+    if (const int injected = injectedFault(file_faults::Step::flush)) {
+        *code = injected;
+        return false;
+    }
+    if (::fsync(fd) != 0) {
+        *code = errno;
+        return false;
+    }
+    return true;
+}
+
+bool renameInto(const QByteArray& from, const QByteArray& to, int* code)
+{
+    if (const int injected = injectedFault(file_faults::Step::rename)) {
+        *code = injected;
+        return false;
+    }
+    if (::rename(from.constData(), to.constData()) != 0) {
+        *code = errno;
+        return false;
+    }
+    return true;
+}
+
+// Makes a rename lasting; a failure here leaves the file whole under one of its names, so it is
+// not reported.
+void syncFolderOf(const QString& path)
+{
+    const int fd = ::open(QFile::encodeName(QFileInfo(path).absolutePath()).constData(), O_RDONLY | O_CLOEXEC);
+    if (fd >= 0) {
+        ::fsync(fd);
+        ::close(fd);
+    }
+}
+
+} // namespace
+
 bool writeTextLines(const QString& path, const QStringList& lines, QString* error)
 {
     return writeBytes(path, encodeLines(lines), error);
@@ -116,26 +238,97 @@ bool writeTextLines(const QString& path, const QStringList& lines, QString* erro
 
 bool writeBytes(const QString& path, const QByteArray& bytes, QString* error)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        if (error)
-            *error = file.errorString();
-        return false;
+    const QByteArray target = QFile::encodeName(path);
+    const QByteArray beside = QFile::encodeName(path + paths::kRewriteSuffix);
+    const int fd = ::open(beside.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    if (fd < 0)
+        return fail(errno, error);
+    // The new file keeps the old one's permissions.
+    struct stat old = {};
+    if (::stat(target.constData(), &old) == 0)
+        ::fchmod(fd, old.st_mode & 07777);
+    int code = 0;
+    bool written = writeAll(fd, bytes, &code) && syncToDisk(fd, &code);
+    if (::close(fd) != 0 && written) {
+        code = errno;
+        written = false;
     }
+    if (!written || !renameInto(beside, target, &code)) {
+        ::unlink(beside.constData());
+        return fail(code, error);
+    }
+    syncFolderOf(path);
     return true;
 }
 
-bool appendTextLines(const QString& path, const QStringList& lines, QString* error)
+bool appendTextLines(const QString& path, const QStringList& lines, QString* error, qint64* previousLength)
 {
-    QFile file(path);
-    const QByteArray bytes = encodeLines(lines);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Append) || file.write(bytes) != bytes.size() || !file.flush()) {
-        if (error)
-            *error = file.errorString();
-        return false;
+    const QByteArray name = QFile::encodeName(path);
+    const qint64 before = fileLength(path);
+    if (previousLength)
+        *previousLength = before;
+    const int fd = ::open(name.constData(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
+    if (fd < 0)
+        return fail(errno, error);
+    QByteArray bytes = encodeLines(lines);
+    char last = '\n';
+    if (before > 0 && ::pread(fd, &last, 1, before - 1) == 1 && last != '\n')
+        bytes.prepend("\r\n");
+    int code = 0;
+    bool written = writeAll(fd, bytes, &code) && syncToDisk(fd, &code);
+    if (!written && before >= 0) {
+        // All or nothing: the fragment written goes again.
+        ::ftruncate(fd, before);
+        ::fsync(fd);
     }
-    return true;
+    if (::close(fd) != 0 && written) {
+        code = errno;
+        written = false;
+        if (before >= 0)
+            restoreLength(path, before);
+    }
+    if (written)
+        return true;
+    if (before < 0)
+        ::unlink(name.constData());
+    return fail(code, error);
 }
+
+bool restoreLength(const QString& path, qint64 length)
+{
+    if (length < 0)
+        return QFile::remove(path) || !QFileInfo::exists(path);
+    return QFile::resize(path, length);
+}
+
+void removeStrayRewrites(const QString& folder)
+{
+    const QDir dir(folder);
+    for (const QString& name : dir.entryList({QLatin1Char('*') + paths::kRewriteSuffix}, QDir::Files | QDir::Hidden))
+        QFile::remove(dir.filePath(name));
+}
+
+namespace file_faults {
+
+void failAt(Step step, int nth, int errorCode)
+{
+    Faults& state = faults();
+    state.step = step;
+    state.failAt = state.counts[static_cast<size_t>(step)] + nth;
+    state.error = errorCode;
+}
+
+void reset()
+{
+    faults() = Faults();
+}
+
+int count(Step step)
+{
+    return faults().counts[static_cast<size_t>(step)];
+}
+
+} // namespace file_faults
 
 qint64 fileLength(const QString& path)
 {

@@ -40,6 +40,12 @@ QString targetNotWritten(const QString& target, const QString& reason)
         .arg(QFileInfo(target).fileName(), reason);
 }
 
+QString sourceNotRewritten(const QString& source, const QString& reason)
+{
+    return QStringLiteral("The word could not be moved: %1 could not be rewritten (%2). Nothing was moved.")
+        .arg(QFileInfo(source).fileName(), reason);
+}
+
 QString sourceNotWritten(const QString& target, const QString& source, const QString& reason)
 {
     return QStringLiteral("The word was added to %1, but %2 could not be rewritten (%3). The word is now in both "
@@ -83,6 +89,13 @@ QString namePrompt()
 QString nameTitle()
 {
     return QStringLiteral("Student Name");
+}
+
+QString studentAlreadyOpen(const QString& userName)
+{
+    return QStringLiteral("Quorvane is already open for %1 in another window. Please use that window, or close it "
+                          "and start Quorvane again. Nothing was changed.")
+        .arg(userName);
 }
 
 } // namespace quorvane::texts

@@ -13,6 +13,7 @@ QString badPairingLine(const QString& path, int lineNumber, int highestSoundNumb
 QString unknownFileNotMade(const QString& path, const QString& reason);
 // A word that could not be moved between a student's unknown and known files.
 QString targetNotWritten(const QString& target, const QString& reason);
+QString sourceNotRewritten(const QString& source, const QString& reason);
 QString sourceNotWritten(const QString& target, const QString& source, const QString& reason);
 
 // The caption above the word boxes: how many words the shown list holds.
@@ -25,5 +26,7 @@ QString soundLibraryMissing();
 QString soundStartFailed(const QString& errorText);
 QString namePrompt();
 QString nameTitle();
+// Another copy of the program already has the student's files open.
+QString studentAlreadyOpen(const QString& userName);
 
 } // namespace quorvane::texts

@@ -16,8 +16,16 @@
 
 namespace quorvane {
 
+namespace {
+
+const QString kEndLine = QStringLiteral("||");
+
+} // namespace
+
 bool splitEntry(const QString& line, WordEntry* entry)
 {
+    if (line == kEndLine)
+        return false;
     const qsizetype first = line.indexOf(u'|');
     if (first < 0)
         return false;
@@ -136,7 +144,8 @@ WordArrays parseWordArrays(const QByteArray& bytes, const QString& path, const W
                     ++barCount;
                 }
             }
-            if (barCount == 2) {
+            // A line that is exactly "||" ends a file a move rewrote: it is no entry.
+            if (barCount == 2 && stop - line > 2) {
                 if (words.size() >= kMaxWordEntries)
                     throw TableLimitError(texts::tooManyEntries(path, kMaxWordEntries));
                 const EntryBytes entry{line, bars[0], bars[0] + 1, bars[1], bars[1] + 1, stop};

@@ -9,7 +9,9 @@ namespace quorvane {
 
 class Session;
 
-// A word entry: "word|translation|sound number". Any other number of fields is not an entry.
+// A word entry: "word|translation|sound number". Any other number of fields is not an entry, and
+// neither is a line that is exactly "||": it ends a file that a move rewrote (the arrays' empty
+// last slot), and every reader skips it.
 struct WordEntry
 {
     QString word;

@@ -31,17 +31,27 @@ void move_word(Session& session, const QString& targetFile, const QString& sourc
     // rewrite the source without its words.
     if (index < 0 || index >= session.words.size())
         return;
+    // The source is rewritten from the arrays, so they must hold it: a move out of another file
+    // (a known list shown in the flash cards, and "Mark Word As Known") would replace that file by
+    // the shown one. Such a move does nothing.
+    if (sourceFile != session.shown_file)
+        return;
     const QString entry =
         joinEntry(session.words.at(index), session.translations.at(index), session.sound_numbers.at(index));
     // The target gains the entry before the source loses it, and the source is replaced in one
     // rename: at every moment the entry is in at least one of the two files.
+    // A failure leaves both files as they were.
     QString error;
-    if (!appendTextLines(targetFile, {entry}, &error)) {
+    qint64 targetLength = -1;
+    if (!appendTextLines(targetFile, {entry}, &error, &targetLength)) {
         session.prompts.message(texts::targetNotWritten(targetFile, error));
         return;
     }
     if (!writeTextLines(sourceFile, entriesExcept(session, index), &error)) {
-        session.prompts.message(texts::sourceNotWritten(targetFile, sourceFile, error));
+        if (restoreLength(targetFile, targetLength))
+            session.prompts.message(texts::sourceNotRewritten(sourceFile, error));
+        else
+            session.prompts.message(texts::sourceNotWritten(targetFile, sourceFile, error));
         return;
     }
     create_array_of_words(session, sourceFile);

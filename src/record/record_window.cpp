@@ -1,0 +1,578 @@
+#include "record/record_window.h"
+
+#include "core/flags.h"
+#include "core/prompts.h"
+#include "core/session.h"
+#include "record/record_lists.h"
+#include "record/texts.h"
+#include "store/paths.h"
+#include "widgets/controls.h"
+#include "widgets/handler_guard.h"
+#include "widgets/list_box.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QColor>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPalette>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace quorvane {
+
+namespace {
+
+const QColor kOrange(255, 128, 0);
+const QColor kYellow(255, 255, 0);
+const QColor kWhite(255, 255, 255);
+const QColor kGrey(192, 192, 192);
+
+void setBackground(QWidget* widget, QPalette::ColorRole role, const QColor& colour)
+{
+    QPalette palette = widget->palette();
+    palette.setColor(role, colour);
+    widget->setPalette(palette);
+}
+
+void fill(ListBox* box, const QStringList& texts, int count)
+{
+    box->clear();
+    box->addItems(texts.mid(0, count));
+}
+
+} // namespace
+
+RecordWindow::RecordWindow(Session& session, QWidget* parent) : QWidget(parent, Qt::Window), m_session(session)
+{
+    setObjectName(QStringLiteral("qvrecord"));
+    setWindowTitle(record_texts::windowTitle());
+    setFont(controls::font(controls::kSansSerif, 8));
+    buildControls();
+    buildLayout();
+    wireHandlers();
+}
+
+QPushButton* RecordWindow::makeButton(const QString& name, const QString& caption)
+{
+    return controls::button(this, name, caption, controls::font(controls::kSansSerif, 8));
+}
+
+QLabel* RecordWindow::makeLabel(const QString& name, const QString& caption, int points, bool bold)
+{
+    return controls::label(this, name, caption, controls::font(controls::kSansSerif, points, bold));
+}
+
+void RecordWindow::buildControls()
+{
+    const QFont listFont = controls::font(controls::kSansSerif, 10);
+    span_list_w = controls::listBox(this, QStringLiteral("span_list_w"), listFont);
+    eng_list_w = controls::listBox(this, QStringLiteral("eng_list_w"), listFont);
+    span_list_wo = controls::listBox(this, QStringLiteral("span_list_wo"), listFont);
+    eng_list_wo = controls::listBox(this, QStringLiteral("eng_list_wo"), listFont);
+    words_with_sound = makeLabel(QStringLiteral("words_with_sound"), record_texts::withSoundsCaption(), 10, true);
+    words_without_sound =
+        makeLabel(QStringLiteral("words_without_sound"), record_texts::withoutSoundsCaption(), 10, true);
+    left_word = controls::lineEdit(this, QStringLiteral("left_word"), controls::font(controls::kSansSerif, 10, true));
+    right_word = controls::lineEdit(this, QStringLiteral("right_word"), controls::font(controls::kSansSerif, 10, true));
+    setBackground(left_word, QPalette::Base, kWhite);
+    setBackground(right_word, QPalette::Base, kGrey);
+    filenum_lbl = makeLabel(QStringLiteral("filenum_lbl"), QString(), 10, true);
+    take_level_lbl = makeLabel(QStringLiteral("take_level_lbl"), QString(), 9);
+    current_list = makeLabel(QStringLiteral("current_list"), record_texts::currentListPlaceholder(), 10, true);
+    Label1 = makeLabel(QStringLiteral("Label1"), record_texts::listNameLabel(), 10);
+    Label2 = makeLabel(QStringLiteral("Label2"), record_texts::recordSelectedLabel(), 9, true);
+    Label3 = makeLabel(QStringLiteral("Label3"), record_texts::recordMultipleLabel(), 9, true);
+    Label4 = makeLabel(QStringLiteral("Label4"), record_texts::editHint());
+    Label5 = makeLabel(QStringLiteral("Label5"), record_texts::titleLabel(), 14, true);
+    Label6 = makeLabel(QStringLiteral("Label6"), record_texts::about());
+    for (QLabel* label : {Label4, Label6})
+        label->setWordWrap(true);
+    countdown = makeLabel(QStringLiteral("countdown"), QString(), 24, true);
+    countdown->setAlignment(Qt::AlignCenter);
+    countdown->setAutoFillBackground(true);
+    countdown->setMinimumHeight(48);
+
+    point8_single = makeButton(QStringLiteral("point8_single"), QStringLiteral("0.8 second"));
+    point8_many = makeButton(QStringLiteral("point8_many"), QStringLiteral("0.8 second"));
+    one_single = makeButton(QStringLiteral("one_single"), QStringLiteral("1 second"));
+    one_many = makeButton(QStringLiteral("one_many"), QStringLiteral("1 second"));
+    one2_single = makeButton(QStringLiteral("one2_single"), QStringLiteral("1.2 second"));
+    one2_many = makeButton(QStringLiteral("one2_many"), QStringLiteral("1.2 second"));
+    one4_single = makeButton(QStringLiteral("one4_single"), QStringLiteral("1.4 seconds"));
+    one4_many = makeButton(QStringLiteral("one4_many"), QStringLiteral("1.4 seconds"));
+    one8_single = makeButton(QStringLiteral("one8_single"), QStringLiteral("1.8 seconds"));
+    one8_many = makeButton(QStringLiteral("one8_many"), QStringLiteral("1.8 seconds"));
+    two_sec_single = makeButton(QStringLiteral("two_sec_single"), QStringLiteral("2 seconds"));
+    two_sec_many = makeButton(QStringLiteral("two_sec_many"), QStringLiteral("2 seconds"));
+    two4_single = makeButton(QStringLiteral("two4_single"), QStringLiteral("2.4 seconds"));
+    two4_many = makeButton(QStringLiteral("two4_many"), QStringLiteral("2.4 seconds"));
+    two7_single = makeButton(QStringLiteral("two7_single"), QStringLiteral("2.7 seconds"));
+    two7_many = makeButton(QStringLiteral("two7_many"), QStringLiteral("2.7 seconds"));
+    three_sec_single = makeButton(QStringLiteral("three_sec_single"), QStringLiteral("3 seconds"));
+    three_sec_many = makeButton(QStringLiteral("three_sec_many"), QStringLiteral("3 seconds"));
+    three5_single = makeButton(QStringLiteral("three5_single"), QStringLiteral("3.5 seconds"));
+    three5_many = makeButton(QStringLiteral("three5_many"), QStringLiteral("3.5 seconds"));
+    four_single = makeButton(QStringLiteral("four_single"), QStringLiteral("4 seconds"));
+    four_many = makeButton(QStringLiteral("four_many"), QStringLiteral("4 seconds"));
+    four5_single = makeButton(QStringLiteral("four5_single"), QStringLiteral("4.5 seconds"));
+    four5_many = makeButton(QStringLiteral("four5_many"), QStringLiteral("4.5 seconds"));
+    five_single = makeButton(QStringLiteral("five_single"), QStringLiteral("5 seconds"));
+    five_many = makeButton(QStringLiteral("five_many"), QStringLiteral("5 seconds"));
+    unlimited = makeButton(QStringLiteral("unlimited"), record_texts::unlimitedCaption());
+    stop_auto_record = makeButton(QStringLiteral("stop_auto_record"), record_texts::stopCaption());
+    stop_auto_record->setFont(controls::font(controls::kSansSerif, 12, true));
+    record_speed = makeButton(QStringLiteral("record_speed"), record_texts::fastCaption());
+    Check1 = controls::checkBox(this, QStringLiteral("Check1"), record_texts::keepSilenceCaption(),
+                                controls::font(controls::kSansSerif, 8));
+
+    add_word = makeButton(QStringLiteral("add_word"), record_texts::addWordCaption());
+    save_text = makeButton(QStringLiteral("save_text"), record_texts::saveTextCaption());
+    delete_word = makeButton(QStringLiteral("delete_word"), record_texts::deleteWordCaption());
+    refresh_lists = makeButton(QStringLiteral("refresh_lists"), record_texts::refreshCaption());
+    exit_button = makeButton(QStringLiteral("exit_button"), record_texts::exitCaption());
+    Command1 = makeButton(QStringLiteral("Command1"), record_texts::advancedEditingCaption());
+    instructions_text = makeButton(QStringLiteral("instructions_text"), record_texts::textInstructionsCaption());
+    instructions_record = makeButton(QStringLiteral("instructions_record"), record_texts::recordInstructionsCaption());
+    license = makeButton(QStringLiteral("license"), record_texts::licenseCaption());
+    zip = makeButton(QStringLiteral("zip"), record_texts::zipCaption());
+}
+
+void RecordWindow::buildLayout()
+{
+    auto* lists = new QGridLayout;
+    lists->addWidget(words_with_sound, 0, 0, 1, 2);
+    lists->addWidget(span_list_w, 1, 0);
+    lists->addWidget(eng_list_w, 1, 1);
+    lists->addWidget(words_without_sound, 2, 0, 1, 2);
+    lists->addWidget(span_list_wo, 3, 0);
+    lists->addWidget(eng_list_wo, 3, 1);
+
+    auto* name = new QHBoxLayout;
+    name->addWidget(Label1);
+    name->addWidget(current_list, 1);
+    auto* file = new QHBoxLayout;
+    file->addWidget(filenum_lbl);
+    file->addSpacing(16);
+    file->addWidget(take_level_lbl, 1);
+
+    // Two columns of duration buttons: one word on the left, word after word on the right.
+    auto* durations = new QGridLayout;
+    durations->addWidget(Label2, 0, 0);
+    durations->addWidget(Label3, 0, 1);
+    const QList<QPair<QPushButton*, QPushButton*>> pairs{
+        {point8_single, point8_many}, {one_single, one_many},   {one2_single, one2_many},
+        {one4_single, one4_many},     {one8_single, one8_many}, {two_sec_single, two_sec_many},
+        {two4_single, two4_many},     {two7_single, two7_many}, {three_sec_single, three_sec_many},
+        {three5_single, three5_many}, {four_single, four_many}, {four5_single, four5_many},
+        {five_single, five_many}};
+    for (int i = 0; i < pairs.size(); ++i) {
+        durations->addWidget(pairs[i].first, i + 1, 0);
+        durations->addWidget(pairs[i].second, i + 1, 1);
+    }
+    durations->addWidget(unlimited, int(pairs.size()) + 1, 0);
+    durations->addWidget(record_speed, int(pairs.size()) + 1, 1);
+
+    auto* recording = new QVBoxLayout;
+    recording->addWidget(countdown);
+    recording->addLayout(durations);
+    stop_auto_record->setMinimumHeight(40);
+    recording->addWidget(stop_auto_record);
+    recording->addStretch(1);
+
+    auto* editing = new QGridLayout;
+    editing->addWidget(add_word, 0, 0);
+    editing->addWidget(save_text, 0, 1);
+    editing->addWidget(delete_word, 1, 0);
+    editing->addWidget(refresh_lists, 1, 1);
+    editing->addWidget(Command1, 2, 0);
+    editing->addWidget(zip, 2, 1);
+    editing->addWidget(instructions_text, 3, 0);
+    editing->addWidget(instructions_record, 3, 1);
+    editing->addWidget(license, 4, 0);
+    editing->addWidget(exit_button, 4, 1);
+
+    auto* middle = new QVBoxLayout;
+    middle->addWidget(Label5);
+    middle->addLayout(name);
+    middle->addSpacing(8);
+    middle->addWidget(left_word);
+    middle->addWidget(right_word);
+    middle->addLayout(file);
+    middle->addWidget(Label4);
+    middle->addWidget(Check1);
+    middle->addSpacing(8);
+    middle->addLayout(editing);
+    middle->addSpacing(8);
+    middle->addWidget(Label6);
+    middle->addStretch(1);
+
+    auto* columns = new QHBoxLayout(this);
+    columns->addLayout(lists, 5);
+    columns->addLayout(middle, 4);
+    columns->addLayout(recording, 3);
+    resize(1180, 720);
+}
+
+void RecordWindow::wireHandlers()
+{
+    span_list_w->onClick = [this] { span_list_w_click(); };
+    span_list_wo->onClick = [this] { span_list_wo_click(); };
+    eng_list_w->onClick = [this] { eng_list_w_click(); };
+    eng_list_wo->onClick = [this] { eng_list_wo_click(); };
+    const QList<QPair<QPushButton*, void (RecordWindow::*)()>> buttons{
+        {point8_single, &RecordWindow::point8_single_click},
+        {point8_many, &RecordWindow::point8_many_click},
+        {one_single, &RecordWindow::one_single_click},
+        {one_many, &RecordWindow::one_many_click},
+        {one2_single, &RecordWindow::one2_single_click},
+        {one2_many, &RecordWindow::one2_many_click},
+        {one4_single, &RecordWindow::one4_single_click},
+        {one4_many, &RecordWindow::one4_many_click},
+        {one8_single, &RecordWindow::one8_single_click},
+        {one8_many, &RecordWindow::one8_many_click},
+        {two_sec_single, &RecordWindow::two_sec_single_click},
+        {two_sec_many, &RecordWindow::two_sec_many_click},
+        {two4_single, &RecordWindow::two4_single_click},
+        {two4_many, &RecordWindow::two4_many_click},
+        {two7_single, &RecordWindow::two7_single_click},
+        {two7_many, &RecordWindow::two7_many_click},
+        {three_sec_single, &RecordWindow::three_sec_single_click},
+        {three_sec_many, &RecordWindow::three_sec_many_click},
+        {three5_single, &RecordWindow::three5_single_click},
+        {three5_many, &RecordWindow::three5_many_click},
+        {four_single, &RecordWindow::four_single_click},
+        {four_many, &RecordWindow::four_many_click},
+        {four5_single, &RecordWindow::four5_single_click},
+        {four5_many, &RecordWindow::four5_many_click},
+        {five_single, &RecordWindow::five_single_click},
+        {five_many, &RecordWindow::five_many_click},
+        {unlimited, &RecordWindow::unlimited_click},
+        {stop_auto_record, &RecordWindow::stop_auto_record_click},
+        {record_speed, &RecordWindow::record_speed_click},
+        {refresh_lists, &RecordWindow::refresh_lists_click},
+        {exit_button, &RecordWindow::exit_button_click},
+        {instructions_text, &RecordWindow::instructions_text_click},
+        {instructions_record, &RecordWindow::instructions_record_click},
+        {license, &RecordWindow::license_click}};
+    for (const auto& [button, handler] : buttons)
+        connect(button, &QPushButton::clicked, this, handler);
+    // add_word, save_text, delete_word, Command1 and zip belong to the editing, list editor and
+    // packing handlers, connected where those are built.
+}
+
+void RecordWindow::guarded(const std::function<void()>& handler)
+{
+    runHandler(m_session.prompts, handler);
+}
+
+// ---- RecordView
+
+ListBox* RecordWindow::spanList(const QString& kind) const
+{
+    return kind == kWithSounds ? span_list_w : span_list_wo;
+}
+
+ListBox* RecordWindow::engList(const QString& kind) const
+{
+    return kind == kWithSounds ? eng_list_w : eng_list_wo;
+}
+
+int RecordWindow::selectedRow(const QString& kind) const
+{
+    return spanList(kind)->currentRow();
+}
+
+bool RecordWindow::selectRow(const QString& kind, int row)
+{
+    return select_row(spanList(kind), row);
+}
+
+void RecordWindow::showFileNumber(const QString& caption)
+{
+    filenum_lbl->setText(caption);
+}
+
+void RecordWindow::showCountdown(const QString& text)
+{
+    countdown->setText(text);
+}
+
+void RecordWindow::colourSession(SessionColour colour)
+{
+    switch (colour) {
+    case SessionColour::orange:
+        setBackground(left_word, QPalette::Base, kOrange);
+        setBackground(countdown, QPalette::Window, kOrange);
+        break;
+    case SessionColour::yellow:
+        setBackground(left_word, QPalette::Base, kYellow);
+        setBackground(countdown, QPalette::Window, kYellow);
+        break;
+    case SessionColour::idle:
+        setBackground(left_word, QPalette::Base, kWhite);
+        setBackground(countdown, QPalette::Window, palette().color(QPalette::Button));
+        break;
+    }
+}
+
+void RecordWindow::showTake(const QString& text)
+{
+    take_level_lbl->setText(text);
+}
+
+// ---- handlers
+
+void RecordWindow::form_load()
+{
+    guarded([this] {
+        Session& s = m_session;
+        current_list->setText(s.current_list);
+        s.list_file = paths::listFile(s.languages_folder, s.current_language, s.current_list);
+        changes_file = paths::changesFile(s.languages_folder, s.current_language);
+        show();
+        raise();
+        create_arrays();
+    });
+}
+
+void RecordWindow::create_arrays()
+{
+    guarded([this] {
+        state.lists = m_session.one_word_mode == flags::kYes ? quorvane::create_word(m_session)
+                                                             : quorvane::create_arrays(m_session);
+        fill(span_list_w, state.lists.with.words, state.lists.with.count);
+        fill(eng_list_w, state.lists.with.translations, state.lists.with.count);
+        fill(span_list_wo, state.lists.without.words, state.lists.without.count);
+        fill(eng_list_wo, state.lists.without.translations, state.lists.without.count);
+        words_with_sound->setText(state.lists.withCaption);
+        words_without_sound->setText(state.lists.withoutCaption);
+    });
+}
+
+void RecordWindow::wordClicked(const QString& kind)
+{
+    ++m_waitsRunning;
+    guarded([this, &kind] {
+        const int row = spanList(kind)->currentRow();
+        engList(kind)->setRowQuietly(row);
+        const ChosenRow chosen = choose_row(state, kind, row);
+        const QFont font = controls::font(controls::kSansSerif, chosen.font.points, chosen.font.bold);
+        left_word->setFont(font);
+        right_word->setFont(font);
+        left_word->setText(chosen.word);
+        right_word->setText(engList(kind)->currentItem() ? engList(kind)->currentItem()->text() : QString());
+        filenum_lbl->setText(chosen.fileCaption);
+        play_chosen(m_session, state);
+    });
+    --m_waitsRunning;
+    deleteIfClosed();
+}
+
+void RecordWindow::span_list_w_click()
+{
+    wordClicked(kWithSounds);
+}
+
+void RecordWindow::span_list_wo_click()
+{
+    wordClicked(kWithoutSounds);
+}
+
+void RecordWindow::eng_list_w_click()
+{
+    select_row(span_list_w, eng_list_w->currentRow());
+}
+
+void RecordWindow::eng_list_wo_click()
+{
+    select_row(span_list_wo, eng_list_wo->currentRow());
+}
+
+void RecordWindow::record(float seconds, bool single)
+{
+    ++m_waitsRunning;
+    guarded([this, seconds, single] { start_recording(m_session, state, *this, this, seconds, single); });
+    --m_waitsRunning;
+    deleteIfClosed();
+}
+
+void RecordWindow::misc_rec()
+{
+    ++m_waitsRunning;
+    guarded([this] { quorvane::misc_rec(m_session, state, *this, this); });
+    --m_waitsRunning;
+    deleteIfClosed();
+}
+
+// The single-precision seconds of each button, as stored in record_seconds.
+void RecordWindow::point8_single_click()
+{
+    record(0.8f, true);
+}
+void RecordWindow::point8_many_click()
+{
+    record(0.8f, false);
+}
+void RecordWindow::one_single_click()
+{
+    record(1.0f, true);
+}
+void RecordWindow::one_many_click()
+{
+    record(1.0f, false);
+}
+void RecordWindow::one2_single_click()
+{
+    record(1.2f, true);
+}
+void RecordWindow::one2_many_click()
+{
+    record(1.2f, false);
+}
+void RecordWindow::one4_single_click()
+{
+    record(1.4f, true);
+}
+void RecordWindow::one4_many_click()
+{
+    record(1.4f, false);
+}
+void RecordWindow::one8_single_click()
+{
+    record(1.8f, true);
+}
+void RecordWindow::one8_many_click()
+{
+    record(1.8f, false);
+}
+void RecordWindow::two_sec_single_click()
+{
+    record(2.0f, true);
+}
+void RecordWindow::two_sec_many_click()
+{
+    record(2.0f, false);
+}
+void RecordWindow::two4_single_click()
+{
+    record(2.4f, true);
+}
+void RecordWindow::two4_many_click()
+{
+    record(2.4f, false);
+}
+void RecordWindow::two7_single_click()
+{
+    record(2.7f, true);
+}
+void RecordWindow::two7_many_click()
+{
+    record(2.7f, false);
+}
+void RecordWindow::three_sec_single_click()
+{
+    record(3.0f, true);
+}
+void RecordWindow::three_sec_many_click()
+{
+    record(3.0f, false);
+}
+void RecordWindow::three5_single_click()
+{
+    record(3.5f, true);
+}
+void RecordWindow::three5_many_click()
+{
+    record(3.5f, false);
+}
+void RecordWindow::four_single_click()
+{
+    record(4.0f, true);
+}
+void RecordWindow::four_many_click()
+{
+    record(4.0f, false);
+}
+void RecordWindow::four5_single_click()
+{
+    record(4.5f, true);
+}
+void RecordWindow::four5_many_click()
+{
+    record(4.5f, false);
+}
+void RecordWindow::five_single_click()
+{
+    record(5.0f, true);
+}
+void RecordWindow::five_many_click()
+{
+    record(5.0f, false);
+}
+// "No time limit" is one word of at most 30 seconds, as it always has been.
+void RecordWindow::unlimited_click()
+{
+    record(30.0f, true);
+}
+
+void RecordWindow::stop_auto_record_click()
+{
+    m_session.stop_flag = flags::kYes;
+}
+
+void RecordWindow::record_speed_click()
+{
+    guarded([this] { record_speed->setText(toggle_record_speed(m_session, state)); });
+}
+
+void RecordWindow::refresh_lists_click()
+{
+    create_arrays();
+}
+
+void RecordWindow::exit_button_click()
+{
+    close();
+}
+
+void RecordWindow::instructions_text_click()
+{
+    m_session.prompts.message(record_texts::textInstructions());
+}
+
+void RecordWindow::instructions_record_click()
+{
+    m_session.prompts.message(record_texts::recordInstructions());
+}
+
+void RecordWindow::license_click()
+{
+    m_session.prompts.message(record_texts::license());
+}
+
+void RecordWindow::form_unload()
+{
+    m_unloaded = true;
+    m_session.stop_flag = flags::kYes;
+    m_session.mainView().show_main_window();
+}
+
+void RecordWindow::closeEvent(QCloseEvent* event)
+{
+    if (!m_unloaded)
+        form_unload();
+    event->accept();
+    deleteIfClosed();
+}
+
+void RecordWindow::deleteIfClosed()
+{
+    // A session or a sound still playing in a handler below this one uses the window: it goes once they end.
+    if (m_unloaded && m_waitsRunning == 0)
+        deleteLater();
+}
+
+} // namespace quorvane

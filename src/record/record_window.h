@@ -1,0 +1,180 @@
+#pragma once
+
+#include "record/record_session.h"
+
+#include <QString>
+#include <QWidget>
+
+#include <functional>
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace quorvane {
+
+class ListBox;
+class Session;
+
+// The record-and-edit window, qvrecord: the current list split into words with and without a
+// recording, the clicked entry in two edit boxes, the duration buttons that record it (one word, or
+// word after word down the list) and the buttons that edit the list and pack the recordings.
+//
+// A recording session runs inside the handler of the duration button that starts it and yields only
+// in its waits, so STOP and the close box are served meanwhile. Closing the window (its frame or
+// exit_button) sets stop_flag and shows the main window; the window is deleted once no session
+// runs in it any more. Owned by its Qt parent, the main window.
+class RecordWindow : public QWidget, public RecordView
+{
+    Q_OBJECT
+public:
+    RecordWindow(Session& session, QWidget* parent);
+
+    // The lists, the clicked entry and the session settings (also what editing works on).
+    RecordState state;
+    // The language's change log.
+    QString changes_file;
+
+    ListBox* span_list_w;
+    ListBox* eng_list_w;
+    ListBox* span_list_wo;
+    ListBox* eng_list_wo;
+    QLabel* words_with_sound;
+    QLabel* words_without_sound;
+    QLineEdit* left_word;
+    QLineEdit* right_word;
+    QLabel* filenum_lbl;
+    // The length and peak level of the last take, beside filenum_lbl.
+    QLabel* take_level_lbl;
+    QLabel* current_list;
+    QLabel* Label1;
+    QLabel* Label2;
+    QLabel* Label3;
+    QLabel* Label4;
+    QLabel* Label5;
+    QLabel* Label6;
+    QLabel* countdown;
+    QPushButton* point8_single;
+    QPushButton* point8_many;
+    QPushButton* one_single;
+    QPushButton* one_many;
+    QPushButton* one2_single;
+    QPushButton* one2_many;
+    QPushButton* one4_single;
+    QPushButton* one4_many;
+    QPushButton* one8_single;
+    QPushButton* one8_many;
+    QPushButton* two_sec_single;
+    QPushButton* two_sec_many;
+    QPushButton* two4_single;
+    QPushButton* two4_many;
+    QPushButton* two7_single;
+    QPushButton* two7_many;
+    QPushButton* three_sec_single;
+    QPushButton* three_sec_many;
+    QPushButton* three5_single;
+    QPushButton* three5_many;
+    QPushButton* four_single;
+    QPushButton* four_many;
+    QPushButton* four5_single;
+    QPushButton* four5_many;
+    QPushButton* five_single;
+    QPushButton* five_many;
+    QPushButton* unlimited;
+    QPushButton* stop_auto_record;
+    QPushButton* record_speed;
+    QCheckBox* Check1;
+    QPushButton* add_word;
+    QPushButton* save_text;
+    QPushButton* delete_word;
+    QPushButton* refresh_lists;
+    QPushButton* exit_button;
+    QPushButton* Command1;
+    QPushButton* instructions_text;
+    QPushButton* instructions_record;
+    QPushButton* license;
+    QPushButton* zip;
+
+    // RecordView
+    bool unloaded() const override { return m_unloaded; }
+    int selectedRow(const QString& kind) const override;
+    bool selectRow(const QString& kind, int row) override;
+    void showFileNumber(const QString& caption) override;
+    void showCountdown(const QString& text) override;
+    void colourSession(SessionColour colour) override;
+    void showTake(const QString& text) override;
+
+public slots:
+    // Opening: the list's name, list_file and changes_file, the window shown, then its lists.
+    void form_load();
+    // Fills the lists from list_file, or with the single word the main window chose.
+    void create_arrays();
+    void span_list_w_click();
+    void span_list_wo_click();
+    void eng_list_w_click();
+    void eng_list_wo_click();
+    void point8_single_click();
+    void point8_many_click();
+    void one_single_click();
+    void one_many_click();
+    void one2_single_click();
+    void one2_many_click();
+    void one4_single_click();
+    void one4_many_click();
+    void one8_single_click();
+    void one8_many_click();
+    void two_sec_single_click();
+    void two_sec_many_click();
+    void two4_single_click();
+    void two4_many_click();
+    void two7_single_click();
+    void two7_many_click();
+    void three_sec_single_click();
+    void three_sec_many_click();
+    void three5_single_click();
+    void three5_many_click();
+    void four_single_click();
+    void four_many_click();
+    void four5_single_click();
+    void four5_many_click();
+    void five_single_click();
+    void five_many_click();
+    void unlimited_click();
+    // Runs the session on the stored settings (the duration buttons set them first).
+    void misc_rec();
+    void stop_auto_record_click();
+    void record_speed_click();
+    void refresh_lists_click();
+    void exit_button_click();
+    void instructions_text_click();
+    void instructions_record_click();
+    void license_click();
+    // Runs when the window closes, by its frame or exit_button.
+    void form_unload();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void buildControls();
+    void buildLayout();
+    void wireHandlers();
+    QPushButton* makeButton(const QString& name, const QString& caption);
+    QLabel* makeLabel(const QString& name, const QString& caption, int points = 8, bool bold = false);
+    ListBox* spanList(const QString& kind) const;
+    ListBox* engList(const QString& kind) const;
+    // The click on a word of the lists of kind: partner row, edit boxes, file number, its sound.
+    void wordClicked(const QString& kind);
+    void record(float seconds, bool single);
+    // Deletes the window later once it is closed and no handler of it waits any more.
+    void deleteIfClosed();
+    void guarded(const std::function<void()>& handler);
+
+    Session& m_session;
+    bool m_unloaded = false;
+    // Handlers of this window waiting inside a session or a sound (a second duration button nests one).
+    int m_waitsRunning = 0;
+};
+
+} // namespace quorvane

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace quorvane {
+
+class Session;
+
+// Records the microphone for seconds at rate (channels and bytes per sample as every caller
+// passes them: 1 and 2) and stores what was recorded, its silence cut at both ends, as the
+// enciphered recording at path (a ".str" file). The plain samples go to a ".tmp" file beside it
+// (path with every ".str" replaced by ".tmp"), are enciphered into place and the ".tmp" file is
+// deleted; the ".str" file is replaced whole, never left half written.
+//
+// Waits on the session's clock in steps of 0.01 s, handling window events, until the sample is
+// 1300 frames short of full (so that the capture never wraps round) or stop_flag is "yes"; what was
+// recorded until then is kept. A failure of the sound library shows its message followed by the
+// library's explanation and recording goes on; a recording that never started is not waited for
+// and stores an empty file. Returns the plain samples stored.
+//
+// Throws std::overflow_error when the sample's size does not fit in 32 bits, and
+// std::runtime_error when the ".tmp" file cannot be written.
+QByteArray record_word(Session& session, const QString& path, int rate, float seconds, qint16 channels,
+                       qint16 bytesPerSample);
+
+// The number of frames of a recording of seconds at rate. The product is taken in single
+// precision, as the seconds are given, so 1.4 s at 22050 gives 30870 frames.
+int recording_length(float seconds, int rate);
+
+// Cuts the silence at both ends of 16-bit little-endian samples. A sample is loud when its high
+// byte is from 2 to 127 and its low byte above 5 (a positive sample of at least 518); the cut
+// starts at the last negative sample before the first loud one and ends at the last negative
+// sample after the last loud one, close to zero crossings. Samples with no loud sample, or where
+// less than two samples would remain, are returned whole.
+QByteArray cut_silence(const QByteArray& samples);
+
+// What a stored take sounds like: its length and its loudest sample. peakDbfs is relative to full
+// scale (0 dBFS for -32768 or 32767); a silent take has no peak.
+struct TakeLevel
+{
+    double seconds = 0.0;
+    double peakDbfs = 0.0;
+    bool silent = true;
+};
+TakeLevel take_level(const QByteArray& samples, int rate);
+
+} // namespace quorvane

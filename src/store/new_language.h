@@ -1,0 +1,23 @@
+#pragma once
+
+namespace quorvane {
+
+class Session;
+
+// Makes a new language after asking its name and its target language (the language its students
+// already know): the language's folder and its trans file naming the target. Where the target's
+// folder exists, every word file of the target becomes a list of the new language holding each
+// entry's word and sound number with the translation still to be typed, and the trans index
+// pairs each of those sound numbers with itself; where it does not, the target's folder is made
+// with a trans file naming the new language. Names are lower-cased and not checked beyond
+// emptiness, but a name the file system refuses is said in a message and nothing is left behind.
+// True when the language was made whole (the caller lists the languages again); an empty target
+// leaves the new folder without a trans file, kept so, and gives false.
+bool new_language(Session& session);
+
+// Makes an empty word list in the current language after asking its name (blanks become "_"):
+// one header line, then a message with the name. True when the list was made (the caller
+// chooses the language again, which lists it).
+bool add_list(Session& session);
+
+} // namespace quorvane

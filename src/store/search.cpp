@@ -1,0 +1,226 @@
+#include "store/search.h"
+
+#include "core/prompts.h"
+#include "core/session.h"
+#include "core/table_limit.h"
+#include "store/search_texts.h"
+#include "store/text_files.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QStringMatcher>
+
+namespace quorvane {
+
+namespace {
+
+// The letters whose presence makes a text count as accented (ö õ ñ í ì é è ã á à). Kept as it is:
+// ò and ó are not among them although the folding below handles them.
+constexpr QStringView kAccentTestLetters = u"\u00F6\u00F5\u00F1\u00ED\u00EC\u00E9\u00E8\u00E3\u00E1\u00E0";
+// The folding: à á ã è é ì í ñ ò ó õ ö, and what each becomes.
+constexpr QStringView kAccented = u"\u00E0\u00E1\u00E3\u00E8\u00E9\u00EC\u00ED\u00F1\u00F2\u00F3\u00F5\u00F6";
+constexpr QStringView kFolded = u"aaaeeiinoooo";
+
+bool passesAccentTest(const QString& text)
+{
+    for (const QChar character : text) {
+        if (kAccentTestLetters.contains(character))
+            return true;
+    }
+    return false;
+}
+
+QString foldAccents(QString text)
+{
+    for (QChar& character : text) {
+        if (const qsizetype at = kAccented.indexOf(character); at >= 0)
+            character = kFolded.at(at);
+    }
+    return text;
+}
+
+// Whether a translation begins with the term, or holds it after "to ", ", " or ",": one look for
+// the term, then at what stands before each place it was found.
+bool translationMatches(const QString& candidate, const QStringMatcher& term)
+{
+    const QStringView text(candidate);
+    for (qsizetype at = term.indexIn(text); at >= 0; at = term.indexIn(text, at + 1)) {
+        const QStringView before = text.left(at);
+        if (at == 0 || before.endsWith(u',') || before.endsWith(u", ") || before.endsWith(u"to "))
+            return true;
+    }
+    return false;
+}
+
+// A line that is exactly this closes a word file; it is no entry.
+const QString kClosingLine = QStringLiteral("||");
+
+} // namespace
+
+struct MasterCache::Line
+{
+    QString fields[3];     // the first three fields; those the line lacks are empty
+    int fieldCount = 0;    // how many fields the line splits into
+    QString accentFree[2]; // word and translation folded; null where the field passes no accent test
+};
+
+MasterCache::MasterCache() = default;
+MasterCache::~MasterCache() = default;
+
+const QList<MasterCache::Line>* MasterCache::lines(const QString& path, QString* error)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        if (error)
+            *error = file.errorString();
+        return nullptr;
+    }
+    QByteArray bytes = file.readAll();
+    if (m_lines && path == m_path && bytes == m_bytes)
+        return m_lines.get();
+
+    auto lines = std::make_unique<QList<Line>>();
+    const QStringList texts = splitLines(decodeWindows1252(bytes));
+    lines->reserve(texts.size());
+    for (const QString& text : texts) {
+        Line line;
+        const QStringList fields = text.split(u'|');
+        line.fieldCount = static_cast<int>(fields.size());
+        for (int i = 0; i < 3 && i < line.fieldCount; ++i)
+            line.fields[i] = fields.at(i);
+        for (int i = 0; i < 2; ++i) {
+            if (passesAccentTest(line.fields[i]))
+                line.accentFree[i] = foldAccents(line.fields[i]);
+        }
+        lines->append(std::move(line));
+    }
+    m_path = path;
+    m_bytes = std::move(bytes);
+    m_lines = std::move(lines);
+    return m_lines.get();
+}
+
+std::optional<WordArrays> search_master(const QString& path, int field, const QString& text, MasterCache& cache,
+                                        QString* error)
+{
+    if (text.size() < 2 || (field != 0 && field != 1))
+        return std::nullopt;
+    const QString term = text.toLower();
+    const bool termAccented = passesAccentTest(term);
+    const QList<MasterCache::Line>* lines = cache.lines(path, error);
+    if (!lines)
+        return std::nullopt;
+
+    const QStringMatcher matcher(term);
+    WordArrays found{{}, {}, {}};
+    int lineNumber = 0;
+    for (const MasterCache::Line& line : *lines) {
+        ++lineNumber;
+        if (line.fieldCount <= field)
+            throw TableLimitError(search_texts::fieldMissing(path, lineNumber, field));
+        // Capitals of the master are never lower-cased, so they never match.
+        const QString& candidate =
+            !termAccented && !line.accentFree[field].isNull() ? line.accentFree[field] : line.fields[field];
+        const bool matches = field == 0 ? candidate.startsWith(term) : translationMatches(candidate, matcher);
+        if (!matches)
+            continue;
+        if (found.words.size() >= kMaxSearchResults)
+            throw TableLimitError(search_texts::tooManyResults(path, kMaxSearchResults));
+        found.words.append(line.fields[0]);
+        found.translations.append(line.fields[1]);
+        found.sound_numbers.append(line.fields[2]);
+    }
+    found.words.append(QString());
+    found.translations.append(QString());
+    found.sound_numbers.append(QString());
+    return found;
+}
+
+bool search_master_list(Session& session, int field, const QString& text, MasterCache& cache)
+{
+    if (text.size() < 2 || (field != 0 && field != 1))
+        return false;
+    if (!QFileInfo::exists(session.master_file)) {
+        session.prompts.message(
+            search_texts::masterNotFound(session.languages_folder, QDir::separator(), session.current_language));
+        return false;
+    }
+    QString error;
+    std::optional<WordArrays> found = search_master(session.master_file, field, text, cache, &error);
+    if (!found) {
+        session.prompts.message(search_texts::notReadable(session.master_file, error));
+        return false;
+    }
+    session.words = std::move(found->words);
+    session.translations = std::move(found->translations);
+    session.sound_numbers = std::move(found->sound_numbers);
+    return true;
+}
+
+QString pairing_key(const QString& translation)
+{
+    const qsizetype comma = translation.indexOf(u',');
+    QString key = comma < 0 ? translation : translation.left(comma);
+    return key.remove(QStringLiteral("to "));
+}
+
+QStringList pair_masters(const QStringList& master, const QStringList& target)
+{
+    // The sound number of the first target entry of each word.
+    QHash<QString, QString> firstOfWord;
+    firstOfWord.reserve(target.size());
+    WordEntry entry;
+    for (const QString& line : target) {
+        if (line != kClosingLine && splitEntry(line, &entry) && !firstOfWord.contains(entry.word))
+            firstOfWord.insert(entry.word, entry.sound_number);
+    }
+    QStringList pairs;
+    for (const QString& line : master) {
+        if (line == kClosingLine || !splitEntry(line, &entry))
+            continue;
+        const auto partner = firstOfWord.constFind(pairing_key(entry.translation));
+        if (partner != firstOfWord.constEnd())
+            pairs.append(entry.sound_number + u'|' + *partner);
+    }
+    return pairs;
+}
+
+std::optional<int> create_trans_index(Session& session)
+{
+    if (!QFileInfo::exists(session.master_file) || session.target_master_file.isEmpty() ||
+        !QFileInfo::exists(session.target_master_file)) {
+        session.prompts.message(search_texts::pairingMasterNotFound());
+        return std::nullopt;
+    }
+    const QStringList target = readTextLines(session.target_master_file).value_or(QStringList());
+    if (target.size() > kMaxTargetLines)
+        throw TableLimitError(search_texts::tooManyTargetLines(session.target_master_file, kMaxTargetLines));
+    const QStringList pairs = pair_masters(readTextLines(session.master_file).value_or(QStringList()), target);
+    QString error;
+    if (!writeTextLines(session.trans_index_file, pairs, &error)) {
+        session.prompts.message(search_texts::pairingNotWritten(session.trans_index_file, error));
+        return std::nullopt;
+    }
+    return static_cast<int>(pairs.size());
+}
+
+void pair_recordings(Session& session)
+{
+    if (session.current_language.isEmpty()) {
+        session.prompts.message(search_texts::selectLanguageFirst());
+        return;
+    }
+    if (!QFileInfo::exists(session.trans_file)) {
+        session.prompts.message(search_texts::pairingNoTarget(session.current_language, session.trans_file));
+        return;
+    }
+    if (const auto pairs = create_trans_index(session)) {
+        load_trans_index(session.trans_index_file, session.target_sound_numbers);
+        session.prompts.message(search_texts::pairingWritten(*pairs, session.current_language, session.target_language,
+                                                             session.trans_index_file));
+    }
+}
+
+} // namespace quorvane

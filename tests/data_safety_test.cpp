@@ -1,0 +1,219 @@
+#include "core/table_limit.h"
+#include "flash/flash_window.h"
+#include "store/file_faults.h"
+#include "test_support.h"
+
+#include <QDirIterator>
+#include <QLockFile>
+#include <QMap>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cerrno>
+
+using namespace quorvane;
+using namespace quorvane::test;
+using Step = file_faults::Step;
+
+namespace {
+
+// Every file below the program folder with its bytes, temporary files and locks included.
+QMap<QString, QByteArray> snapshot(const ProgramFolder& folder)
+{
+    QMap<QString, QByteArray> files;
+    for (QDirIterator it(folder.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories); it.hasNext();) {
+        const QString relative = it.next().mid(folder.path().size() + 1);
+        files.insert(relative, folder.read(relative));
+    }
+    return files;
+}
+
+// Runs operate once to count its steps, then again in a fresh program for every one of them, that
+// step failing on a full disk: every file must be as it was and the last box must name the file
+// and the cause.
+void failEachStep(const std::function<void(Program&)>& prepare, const std::function<void(Program&)>& operate,
+                  const QString& fileName)
+{
+    std::array<int, 3> counts{};
+    {
+        Program p;
+        prepare(p);
+        file_faults::reset();
+        operate(p);
+        counts = {file_faults::count(Step::write), file_faults::count(Step::flush), file_faults::count(Step::rename)};
+        file_faults::reset();
+    }
+    EXPECT_GE(counts[2], 1);
+    for (const Step step : {Step::write, Step::flush, Step::rename}) {
+        for (int nth = 1; nth <= counts[static_cast<size_t>(step)]; ++nth) {
+            SCOPED_TRACE(QString("step %1, number %2").arg(int(step)).arg(nth).toStdString());
+            Program p;
+            prepare(p);
+            const auto before = snapshot(p.folder);
+            p.prompts.shown.clear();
+            file_faults::failAt(step, nth, ENOSPC);
+            operate(p);
+            file_faults::reset();
+            EXPECT_EQ(snapshot(p.folder), before);
+            ASSERT_FALSE(p.prompts.shown.isEmpty());
+            const QString said = p.prompts.shown.last().text;
+            EXPECT_TRUE(said.contains(fileName) && said.contains("the disk is full")) << said.toStdString();
+        }
+    }
+}
+
+FlashWindow* compilingCards(Program& p)
+{
+    openCourse(p, 3);
+    p.folder.write("silence.mp3", "S");
+    p.folder.write("beep.mp3", "B");
+    p.folder.write("100words1.mp3", "an old file");
+    for (const QVariant& answer : QVariantList{true, QString("1"), QString("0")})
+        p.prompts.push(answer);
+    return new FlashWindow(p.session(), p.main());
+}
+
+QByteArray compiledWord(int i)
+{
+    return "T" + QByteArray::number(i) + "\r\nW" + QByteArray::number(i) + "\r\nB\r\n";
+}
+
+} // namespace
+
+TEST(DataSafety, TheEndLineIsNoCardAndMarkingKnownMovesOnlyFromTheUnknownList)
+{
+    // Every word marked known as it is heard: the cards end when one word is left, no blank card.
+    {
+        Program p;
+        openCourse(p, 3);
+        p.sound.onPlay = [&](const QString&) {
+            Program::press("qvplay", p.sound.played.size() < 5 ? "i_know_this_word" : "pause");
+        };
+        // Blank cards say nothing: without this a list of them would never end.
+        p.clock.at(600.0, [] { Program::press("qvplay", "pause"); });
+        p.main()->flash_cards_click();
+        EXPECT_EQ(p.sound.played.size(), 2);
+        EXPECT_EQ(p.session().wordCount(), 1);
+        EXPECT_EQ(p.folder.read("users/kestrin/spanish/words-u.txt").count("||"), 1);
+    }
+    // A known list in the cards: "Mark Word As Known" leaves both files alone and goes on.
+    Program p;
+    openCourse(p, 3);
+    const QByteArray known = "gato|cat|01000\r\nperro|dog|01001\r\n";
+    p.folder.write("users/kestrin/spanish/words-k.txt", known);
+    p.main()->refresh_known_list();
+    p.main()->known_lists->setRowQuietly(0);
+    p.sound.onPlay = [&](const QString&) {
+        Program::press("qvplay", p.sound.played.size() == 1 ? "i_know_this_word" : "pause");
+    };
+    p.main()->known_lists_dblclick();
+    EXPECT_EQ(p.sound.played.size(), 2);
+    EXPECT_EQ(p.folder.read("users/kestrin/spanish/words-k.txt"), known);
+    EXPECT_EQ(p.folder.read("users/kestrin/spanish/words-u.txt"), courseEntry(0) + courseEntry(1) + courseEntry(2));
+    EXPECT_EQ(p.prompts.shown.size(), 1); // the name only
+}
+
+TEST(DataSafety, AFailingWriteFlushOrRenameOfAMoveLeavesBothFilesAsTheyWere)
+{
+    // A known file cut short by a crash: the next word is not glued onto its last line.
+    const QByteArray fragment = "veni|to come|01410";
+    const auto prepare = [&](Program& p) {
+        p.folder.write("users/kestrin/spanish/words-k.txt", fragment);
+        openCourse(p, 3);
+        select_row(p.main()->words_list, 1);
+    };
+    const auto move = [](Program& p) { p.main()->words_list_dblclick(); };
+    {
+        Program p;
+        prepare(p);
+        move(p);
+        EXPECT_EQ(p.folder.read("users/kestrin/spanish/words-k.txt"), fragment + "\r\n" + courseEntry(1));
+        EXPECT_EQ(p.folder.read("users/kestrin/spanish/words-u.txt"), courseEntry(0) + courseEntry(2) + "||\r\n");
+    }
+    failEachStep(prepare, move, "words-");
+}
+
+TEST(DataSafety, AFirstOpeningThatCannotMakeTheUnknownFileSaysWhyAndStrayRewritesGo)
+{
+    const auto prepare = [](Program& p) {
+        p.folder.write("users/kestrin/spanish/words-u.txt.rewrite.tmp", "half a rewr");
+        p.folder.write("100words1.mp3.rewrite.tmp", "half an mp3");
+        p.folder.write("languages/spanish/words.txt.rewrite.tmp", "half a list");
+        openCourse(p, 3);
+        EXPECT_FALSE(p.folder.exists("languages/spanish/words.txt.rewrite.tmp"));
+        EXPECT_FALSE(p.folder.exists("users/kestrin/spanish/words-u.txt.rewrite.tmp"));
+        EXPECT_FALSE(p.folder.exists("100words1.mp3.rewrite.tmp"));
+        QFile::remove(p.folder.file("users/kestrin/spanish/words-u.txt"));
+    };
+    failEachStep(
+        prepare, [](Program& p) { select_row(p.main()->lists_list, 0); }, "words-u.txt");
+
+    // A list over the limit makes no unknown file; mended, it opens.
+    Program p;
+    openCourse(p, 3);
+    QByteArray huge = repeatedLines("x|y|00001", kMaxWordEntries + 1);
+    p.folder.write("languages/spanish/huge.txt", huge);
+    Program::choose(p.main()->lang_list, "spanish");
+    p.prompts.shown.clear();
+    Program::choose(p.main()->lists_list, "huge");
+    ASSERT_EQ(p.prompts.shown.size(), 1);
+    const QString said = p.prompts.shown[0].text;
+    EXPECT_TRUE(said.contains(p.folder.file("languages/spanish/huge.txt")) && said.contains("30001"))
+        << said.toStdString();
+    EXPECT_FALSE(p.folder.exists("users/kestrin/spanish/huge-u.txt"));
+    huge.chop(11);
+    p.folder.write("languages/spanish/huge.txt", huge);
+    Program::choose(p.main()->lists_list, "huge");
+    EXPECT_EQ(p.session().wordCount(), kMaxWordEntries);
+}
+
+TEST(DataSafety, AutoMp3WritesWholeFilesOnlyAndAStopKeepsTheWordsDone)
+{
+    failEachStep(
+        compilingCards, [](Program& p) { p.main()->findChild<FlashWindow*>()->auto_mp3_click(); }, "100words1.mp3");
+
+    // Paused as the third word is due: the file holds the first two.
+    Program p;
+    FlashWindow* cards = compilingCards(p);
+    p.clock.step = 1.0; // each wait, and each word, lets one step of events through
+    p.clock.at(2.5, [cards] { cards->pause->click(); });
+    cards->auto_mp3_click();
+    EXPECT_EQ(p.folder.read("100words1.mp3"), compiledWord(0) + compiledWord(1));
+    EXPECT_EQ(p.prompts.texts().last(), "Stopped after 2 words. The file 100words1.mp3 holds the last of them.");
+    EXPECT_FALSE(p.folder.exists("100words1.mp3.rewrite.tmp"));
+}
+
+TEST(DataSafety, ASecondCopyForTheSameStudentIsRefusedAndADeadCopysLockTakenOver)
+{
+    Program first;
+    openCourse(first, 3);
+    const auto before = snapshot(first.folder);
+    const auto startAgain = [&](ScriptedPrompts& prompts) {
+        FakeSound sound;
+        FakeClock clock;
+        std::unique_ptr<QWidget> second(start(first.folder.path(), &prompts, &sound, &clock));
+        return static_cast<MainWindow*>(second.get())->lang_list->count();
+    };
+    ScriptedPrompts refused({QString("kestrin")});
+    EXPECT_EQ(startAgain(refused), 0);
+    EXPECT_EQ(refused.texts().last(), "Quorvane is already open for kestrin in another window. Please use that window, "
+                                      "or close it and start Quorvane again. Nothing was changed.");
+    EXPECT_EQ(snapshot(first.folder), before);
+
+    // Once the first copy has ended, a lock it left behind (as a killed process does) is taken over.
+    first.window.reset();
+    const QString lockPath = first.folder.file("users/kestrin/quorvane.lock");
+    QProcess ended;
+    ended.start("sh", {"-c", "echo $$"});
+    ASSERT_TRUE(ended.waitForFinished(10000));
+    QLockFile live(lockPath);
+    ASSERT_TRUE(live.tryLock(0));
+    QByteArray lock = first.folder.read("users/kestrin/quorvane.lock");
+    live.unlock();
+    lock = ended.readAllStandardOutput().trimmed() + lock.mid(lock.indexOf('\n'));
+    first.folder.write("users/kestrin/quorvane.lock", lock);
+    ScriptedPrompts taken({QString("kestrin")});
+    EXPECT_EQ(startAgain(taken), 2);
+    EXPECT_EQ(taken.shown.size(), 1);
+}

@@ -1,0 +1,442 @@
+#include "core/random_index.h"
+#include "quiz/judging.h"
+#include "quiz/quiz_loop.h"
+#include "quiz/results_file.h"
+#include "quiz/test_results_window.h"
+#include "quiz/test_window.h"
+#include "store/word_files.h"
+#include "test_support.h"
+
+#include <QDate>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPlainTextEdit>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QRadioButton>
+#include <QSet>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace quorvane;
+using namespace quorvane::test;
+
+namespace {
+
+const QColor kOrange(255, 128, 0);
+
+TestWindow* testWindow()
+{
+    return qobject_cast<TestWindow*>(window("test"));
+}
+
+TestResultsWindow* resultsWindow()
+{
+    return qobject_cast<TestResultsWindow*>(window("test_results"));
+}
+
+// Opens the test window from the main window and sets it up as a student would.
+TestWindow* openTest(Program& p, QRadioButton* TestWindow::*kind, const char* questions, const char* seconds,
+                     int presentation = 0)
+{
+    p.main()->test_me_click();
+    TestWindow* t = testWindow();
+    EXPECT_NE(t, nullptr);
+    (t->*kind)->click();
+    select_row(t->List2, presentation);
+    t->num_qs->setText(questions);
+    t->num_secs->setText(seconds);
+    // A test that never ends fails instead of hanging.
+    p.clock.at(600, [t] {
+        ADD_FAILURE() << "the test did not end";
+        t->exit->click();
+    });
+    return t;
+}
+
+// The translation of the word on screen in the course of test_support.h: palabra<i> is word<i>.
+QString shownTranslation(const TestWindow* t)
+{
+    return "word" + t->test_word->text().mid(QStringLiteral("palabra").size());
+}
+
+void clickChoice(TestWindow* t, const QString& caption)
+{
+    for (QPushButton* choice : {t->c1, t->c2, t->c3, t->c4, t->c5, t->c6}) {
+        if (choice->text() == caption) {
+            choice->click();
+            return;
+        }
+    }
+    ADD_FAILURE() << "no choice " << caption.toStdString();
+}
+
+void typeAnswer(TestWindow* t, const QString& text, bool enter)
+{
+    // Typed as a keyboard would; keys beyond ASCII go in as the text they make.
+    if (text.contains(QRegularExpression("[^\\x00-\\x7f]")))
+        t->Text1->insert(text);
+    else
+        QTest::keyClicks(t->Text1, text);
+    if (enter)
+        QTest::keyClick(t->Text1, Qt::Key_Return);
+}
+
+QByteArray resultLine(const TestWindow* t, const QString& fields)
+{
+    return (fields + "\t" + us_date_time(t->state().start_time) + "\r\n").toLatin1();
+}
+
+QStringList questionArea(const TestWindow* t)
+{
+    QStringList texts = {t->Text1->text(), t->remaining->text(), t->time_remaining->text()};
+    for (const QPushButton* choice : {t->c1, t->c2, t->c3, t->c4, t->c5, t->c6})
+        texts.append(choice->text());
+    return texts;
+}
+
+} // namespace
+
+TEST(QuizJudging, TypingRulesFoldingScoresAndTimes)
+{
+    for (const char* right : {"walk", "to go", "to go, to walk", "go", "o", "t"})
+        EXPECT_TRUE(typed_answer_found(right, "to go, to walk")) << right;
+    for (const char* wrong : {"walks", "", "To go", "to walk,"})
+        EXPECT_FALSE(typed_answer_found(wrong, "to go, to walk")) << wrong;
+    EXPECT_TRUE(typed_answer_found("house", "house (building)"));
+    EXPECT_TRUE(typed_answer_found("home", "home/house"));
+    EXPECT_TRUE(typed_answer_found("home", "home\\house"));
+
+    EXPECT_EQ(fold_accents(QString::fromLatin1("\xe0\xe1\xe3\xe8\xe9\xec\xed\xf1\xf2\xf3\xf5\xf6")), "aaaeeiinoooo");
+    EXPECT_EQ(fold_accents(QString::fromLatin1("\xe2\xfa\xc1\xd1 ni\xf1o")),
+              QString::fromLatin1("\xe2\xfa\xc1\xd1 nino"));
+
+    EXPECT_EQ(score_percent(2, 3), 67);
+    EXPECT_EQ(score_percent(1, 8), 13);
+    EXPECT_EQ(score_percent(7, 10), 70);
+    EXPECT_EQ(score_percent(0, 0), 0);
+
+    EXPECT_EQ(duration_text(3 * 60 + 25), "03:25 ");
+    EXPECT_EQ(duration_text(3600 + 3 * 60 + 25), "1:03:25 ");
+    EXPECT_EQ(duration_text(12 * 60 + 12), "12 ");
+    EXPECT_EQ(duration_text(13 * 3600 + 5), "1:00:05 PM");
+    EXPECT_EQ(us_date_time(QDateTime(QDate(2007, 3, 14), QTime(14, 14, 7))), "3/14/2007 2:14:07 PM");
+    EXPECT_EQ(us_date_time(QDateTime(QDate(2007, 11, 4), QTime(0, 5, 0))), "11/4/2007 12:05:00 AM");
+}
+
+TEST(QuizWindow, LoadsItsSetUpAndRefusesWhatCannotStart)
+{
+    Program p;
+    p.folder.write("languages/spanish/words.txt", courseEntry(0) + courseEntry(1) + courseEntry(2));
+    p.start("spanish");
+    p.main()->test_me_click();
+    EXPECT_EQ(p.prompts.texts().mid(1), QStringList({"You must first select a list to start the test."}));
+    EXPECT_EQ(testWindow(), nullptr);
+
+    select_row(p.main()->lists_list, 0);
+    p.main()->test_me_click();
+    TestWindow* t = testWindow();
+    ASSERT_NE(t, nullptr);
+    EXPECT_FALSE(p.main()->isVisible());
+    EXPECT_EQ(t->windowTitle(), "Test");
+    EXPECT_EQ(QStringList({t->language_name->text(), t->list_name->text(), t->user_name->text()}),
+              QStringList({"Language: spanish", "List Name: words", "Username: kestrin"}));
+    EXPECT_EQ(items(t->list1), QStringList({"All Words on Selected List", "Unkown Words on Selected List"}));
+    EXPECT_EQ(items(t->List2), QStringList({"Show the text of the word", "Play the sound of the word", "Both"}));
+    EXPECT_EQ(std::pair(t->list1->currentRow(), t->List2->currentRow()), std::pair(0, 0));
+    EXPECT_EQ(QStringList({t->multiple_choice->text(), t->spelling->text(), t->fill_in_blank->text()}),
+              QStringList({"Multiple Coice", "Spelling Only", "Fill In The Blank"}));
+    EXPECT_EQ(captions(t, {"begin_test", "stop", "exit"}), QStringList({"Begin Test", "Stop Test", "Exit"}));
+    t->spelling->click();
+    EXPECT_FALSE(t->List2->isVisible() || t->Label2->isVisible());
+    t->fill_in_blank->click();
+    EXPECT_TRUE(t->List2->isVisible() && t->Label2->isVisible());
+
+    const struct
+    {
+        const char* questions;
+        const char* seconds;
+        const char* message;
+    } refusals[] = {
+        {"", "5", "The number of questions must be a number greater than 0."},
+        {"abc", "5", "The number of questions must be a number greater than 0."},
+        {"-3", "0", "The number of seconds per question must be a number greater than 0."},
+    };
+    for (const auto& r : refusals) {
+        p.prompts.shown.clear();
+        t->num_qs->setText(r.questions);
+        t->num_secs->setText(r.seconds);
+        t->begin_test->click();
+        EXPECT_EQ(p.prompts.texts(), QStringList({r.message})) << r.questions;
+    }
+    EXPECT_TRUE(t->Text1->isVisible());
+
+    // An unknown file with no entries left: nothing to ask.
+    p.folder.write("users/kestrin/spanish/words-u.txt", "not an entry\r\n");
+    select_row(t->list1, 1);
+    t->num_secs->setText("1");
+    p.prompts.shown.clear();
+    t->begin_test->click();
+    ASSERT_EQ(p.prompts.texts().size(), 1);
+    EXPECT_TRUE(p.prompts.texts().first().startsWith("The chosen word list has no words"));
+
+    // A negative count runs until stopped; Exit ends it without results and brings the main window back.
+    select_row(t->list1, 0);
+    QStringList remaining;
+    p.clock.at(4.0, [&] {
+        remaining.append(t->remaining->text());
+        t->exit->click();
+    });
+    t->begin_test->click();
+    EXPECT_EQ(remaining, QStringList({"3 of -3"}));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(testWindow(), nullptr);
+    EXPECT_TRUE(p.main()->isVisible());
+    EXPECT_FALSE(p.folder.exists("test_results.txt"));
+
+    // The whole language is offered only where its master file exists.
+    p.folder.write("languages/spanish/master_spanish.txt", courseEntry(0));
+    p.main()->test_me_click();
+    EXPECT_EQ(items(testWindow()->list1).last(), "All words in selected language");
+}
+
+TEST(QuizWindow, MultipleChoiceCountsDownJudgesStopsAndContinuesCounting)
+{
+    Program p;
+    openCourse(p);
+    TestWindow* t = openTest(p, &TestWindow::multiple_choice, "3", "2");
+    QStringList firstTick;
+    QString firstWord;
+    QStringList feedback;
+    QList<QColor> backgrounds;
+    auto feedbackNow = [&] {
+        feedback.append(t->previous_word->text());
+        backgrounds.append(t->previous_word->palette().color(QPalette::Window));
+    };
+    p.clock.at(0.15, [&] {
+        firstWord = t->test_word->text();
+        firstTick = {t->remaining->text(), t->time_remaining->text(), QString::number(t->Text1->isVisible())};
+    });
+    // The first question runs out unanswered (19/20 of 2 s and 0.5 s); the second is answered, the
+    // third stopped.
+    p.clock.at(2.6, [&] {
+        feedbackNow();
+        t->c2->click(); // changed before the tick: the last click counts
+        clickChoice(t, shownTranslation(t));
+    });
+    p.clock.at(3.0, [&] {
+        feedbackNow();
+        t->stop->click();
+    });
+    t->begin_test->click();
+
+    EXPECT_EQ(firstTick, QStringList({"1 of 3", QString(18, '='), "0"}));
+    ASSERT_EQ(feedback.size(), 2);
+    EXPECT_EQ(feedback[0], firstWord + " = word" + firstWord.mid(7) + "\rnot ");
+    EXPECT_EQ(backgrounds[0], kOrange);
+    EXPECT_TRUE(feedback[1].startsWith("palabra") && !feedback[1].contains('\r')) << feedback[1].toStdString();
+    EXPECT_NE(backgrounds[1], kOrange);
+    EXPECT_EQ(t->test_word->text(), "Test finished in 00:03 \r1 of 2 correct 50%");
+    EXPECT_EQ(questionArea(t), QStringList(9, QString()));
+    const QByteArray first = resultLine(t, "kestrin\tspanish\twords\t2\t50%\t00:03 \tMultiple Choice\tText Only");
+    EXPECT_EQ(p.folder.read("test_results.txt"), first);
+
+    // Begun again in the same window, the counters go on: question 3 of 3 is the last.
+    QString remaining;
+    p.clock.at(0.2, [&] {
+        remaining = t->remaining->text();
+        clickChoice(t, shownTranslation(t));
+    });
+    t->begin_test->click();
+    EXPECT_EQ(remaining, "3 of 3");
+    EXPECT_EQ(p.folder.read("test_results.txt"),
+              first + resultLine(t, "kestrin\tspanish\twords\t3\t67%\t00:00 \tMultiple Choice\tText Only"));
+    EXPECT_TRUE(p.sound.played.isEmpty());
+}
+
+TEST(QuizWindow, BeginTestDuringATestEndsItWithoutResultsAndBeginsAgain)
+{
+    Program p;
+    openCourse(p);
+    TestWindow* t = openTest(p, &TestWindow::multiple_choice, "2", "1");
+    QString remaining;
+    p.clock.at(0.3, [&] { t->begin_test->click(); });
+    p.clock.at(0.6, [&] {
+        remaining = t->remaining->text();
+        t->stop->click();
+    });
+    t->begin_test->click();
+    EXPECT_EQ(remaining, "2 of 2");
+    EXPECT_EQ(p.folder.read("test_results.txt"),
+              resultLine(t, "kestrin\tspanish\twords\t1\t0%\t00:00 \tMultiple Choice\tText Only"));
+}
+
+TEST(QuizWindow, TypedAnswersAreJudgedOnEnterOrAsTheyStandAtTheEnd)
+{
+    Program p;
+    openCourse(p);
+    TestWindow* t = openTest(p, &TestWindow::fill_in_blank, "3", "1");
+    QStringList feedback;
+    p.clock.at(0.2, [&] { typeAnswer(t, shownTranslation(t), true); });
+    p.clock.at(0.5, [&] { typeAnswer(t, "wor", false); });
+    p.clock.at(2.2, [&] { feedback.append(t->previous_word->text()); });
+    t->begin_test->click();
+
+    ASSERT_EQ(p.prompts.shown.size(), 2); // the name box, then one right answer
+    EXPECT_TRUE(p.prompts.shown[1].text.contains(QRegularExpression("^(word\\d) found in \\1$")));
+    ASSERT_EQ(feedback.size(), 1);
+    EXPECT_TRUE(feedback[0].endsWith("\rnot wor")) << feedback[0].toStdString();
+    EXPECT_TRUE(t->previous_word->text().endsWith("\rnot ")) << t->previous_word->text().toStdString();
+    EXPECT_EQ(p.folder.read("test_results.txt"),
+              resultLine(t, "kestrin\tspanish\twords\t3\t33%\t00:03 \tFill In Blank\tText Only"));
+}
+
+TEST(QuizWindow, SpellingIsBySoundFoldsOnlyTheExpectedWordAndAMissingRecordingCanEndTheTest)
+{
+    Program p;
+    p.folder.write("languages/spanish/animals.txt", "ni\xf1o|boy|01000\r\n");
+    p.folder.write("languages/spanish/colours.txt", "rojo|red|01500\r\n");
+    p.folder.write("languages/spanish/01/01000.mp3", "W");
+    p.start("spanish");
+    Program::choose(p.main()->lists_list, "animals");
+    TestWindow* t = openTest(p, &TestWindow::spelling, "2", "1");
+    QStringList shown;
+    // Each question begins with its sound (0.8 s on the fake sound library).
+    p.clock.at(1.0, [&] {
+        shown = {t->test_word->text(), QString::number(t->Text1->isVisible())};
+        typeAnswer(t, "nino", true);
+    });
+    p.clock.at(2.0, [&] { typeAnswer(t, QString::fromLatin1("ni\xf1o"), true); });
+    t->begin_test->click();
+
+    EXPECT_EQ(shown, QStringList({"", "1"}));
+    EXPECT_EQ(p.sound.played, QStringList(2, p.played("spanish/01/01000.mp3")));
+    EXPECT_EQ(p.prompts.texts().mid(1), QStringList({"nino found in nino"}));
+    EXPECT_EQ(t->previous_word->text(), QString::fromLatin1("ni\xf1o = boy\rnot ni\xf1o"));
+    EXPECT_EQ(p.folder.read("test_results.txt"),
+              resultLine(t, "kestrin\tspanish\tanimals\t2\t50%\t00:02 \tSpelling\tSound Only"));
+
+    // Without a recording: OK draws again, Cancel ends the test with what was asked so far.
+    t->close();
+    Program::choose(p.main()->lists_list, "colours");
+    p.prompts.push(true);
+    p.prompts.push(false);
+    t = openTest(p, &TestWindow::fill_in_blank, "2", "1", 1);
+    p.prompts.shown.clear();
+    t->begin_test->click();
+    const QString missing =
+        "okCancel||Sound file for this word was not found.  Click OK to go to next word or Cancel to stop test.";
+    EXPECT_EQ(boxes(p.prompts), QStringList({missing, missing}));
+    EXPECT_TRUE(p.folder.read("test_results.txt")
+                    .endsWith("\tcolours\t0\t0%\t00:00 \tFill In Blank\tSound Only\t" +
+                              us_date_time(t->state().start_time).toLatin1() + "\r\n"));
+}
+
+TEST(QuizWindow, AResultsFileThatCannotBeWrittenIsSaidAndTheWindowStaysUsable)
+{
+    Program p;
+    openCourse(p);
+    p.folder.mkdir("test_results.txt");
+    TestWindow* t = openTest(p, &TestWindow::multiple_choice, "1", "1");
+    p.clock.at(0.2, [&] { clickChoice(t, shownTranslation(t)); });
+    t->begin_test->click();
+    ASSERT_EQ(p.prompts.texts().size(), 2);
+    EXPECT_TRUE(p.prompts.texts()[1].startsWith("The test result could not be added to "));
+    EXPECT_EQ(t->test_word->text(), "Test finished in 00:00 \r1 of 1 correct 100%");
+    EXPECT_TRUE(t->isVisible() && t->begin_test->isEnabled());
+}
+
+TEST(QuizResults, MainWindowButtonsFillTheResultsWindowWhichSavesAndPrints)
+{
+    Program p;
+    openCourse(p, 2);
+    MainWindow* main = p.main();
+    Program::choose(main->lang_list, "spanish");
+    main->print_list_click();
+    main->show_test_results_click();
+    EXPECT_EQ(p.prompts.texts().mid(1),
+              QStringList({"You must first select one of the word/phrase lists.",
+                           "There are no test results yet: they are recorded from the first test taken."}));
+    EXPECT_EQ(resultsWindow(), nullptr);
+
+    select_row(main->lists_list, 0);
+    main->print_list_click();
+    const Session& s = p.session();
+    const QString date = QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat);
+    EXPECT_EQ(s.report_text, "User: kestrin List: " + s.shown_file + "  " + date + "\r\n" + "\r\npalabra0" +
+                                 QString(9, ' ') + "\tword0\r\npalabra1" + QString(9, ' ') + "\tword1\r\n" +
+                                 QString(17, ' ') + "\t");
+    TestResultsWindow* results = resultsWindow();
+    ASSERT_NE(results, nullptr);
+    EXPECT_EQ(results->windowTitle(), "Test Results");
+    EXPECT_TRUE(main->isVisible());
+    EXPECT_TRUE(results->Label1->text().startsWith("These text can be saved"));
+    results->close();
+
+    // A word of 15 characters is padded to 17, one of 16 is not.
+    Session& session = p.session();
+    session.words = {QString(15, 'a'), QString(16, 'b'), QString()};
+    session.translations = {"x", "y", QString()};
+    EXPECT_TRUE(list_report(session, QDate(2007, 3, 14))
+                    .endsWith("\r\n" + QString(15, 'a') + "  \tx\r\n" + QString(16, 'b') + "\ty\r\n" +
+                              QString(17, ' ') + "\t"));
+
+    // A student's own record is read line by line, each line ended with CR LF.
+    EXPECT_EQ(read_student_record("kestrin"), "");
+    p.folder.write("users/kestrin_test.txt", "a\tb\nc");
+    EXPECT_EQ(read_student_record("kestrin"), "a\tb\r\nc\r\n");
+
+    const QByteArray record = "kestrin\tspanish\twords\t2\t50%\t00:03 \tMultiple Choice\tText Only\t3/14/2007\r\n";
+    p.folder.write("test_results.txt", record + record);
+    main->show_test_results_click();
+    results = resultsWindow();
+    ASSERT_NE(results, nullptr);
+    EXPECT_EQ(results->TextBox1->toPlainText(), QString::fromLatin1(record + record).replace("\r\n", "\n"));
+
+    // Printing goes through one path whatever the printer; with no default printer it is said.
+    const QString pdf = p.folder.file("results.pdf");
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(pdf);
+    EXPECT_TRUE(results->printTo(printer));
+    QByteArray text;
+    runTool("pdftotext", {"-layout", pdf, "-"}, &text);
+    EXPECT_EQ(text.count("Multiple Choice"), 2) << text.toStdString();
+    if (QPrinterInfo::defaultPrinter().isNull()) {
+        p.prompts.shown.clear();
+        results->print_test_results->click();
+        ASSERT_EQ(p.prompts.texts().size(), 1);
+        EXPECT_TRUE(p.prompts.texts().first().startsWith("No printer is installed"));
+    }
+
+    // Saving: a path that cannot be written is said and the window stays; a good one closes it.
+    p.prompts.push(QString());
+    p.prompts.push(QString("saved.txt"));
+    results->save_and_exit->click();
+    EXPECT_NE(resultsWindow(), nullptr);
+    results->save_and_exit->click();
+    EXPECT_EQ(resultsWindow(), nullptr);
+    EXPECT_EQ(p.folder.read("saved.txt"), record + record + "\r\n");
+    EXPECT_EQ(p.prompts.shown.last().title, "Save File");
+}
+
+TEST(QuizResults, OnTheRealClockSixChoicesDrawnInARowDiffer)
+{
+    ScriptedPrompts prompts;
+    FakeSound sound;
+    QtClock clock;
+    Session s(prompts, sound, clock);
+    create_array_of_words(s, QStringLiteral(QUORVANE_DEMO_DIR "/languages/spanish/master_spanish.txt"));
+    ASSERT_EQ(s.wordCount(), 620);
+    int distinct = 0;
+    for (int question = 0; question < 1000; ++question) {
+        const int index = static_cast<int>(random_index(s, 0, s.wordCount() - 1));
+        const int position = static_cast<int>(random_index(s, 1, 6));
+        const QStringList choices = draw_choices(s, s.translations.at(index), position);
+        EXPECT_EQ(choices.at(position - 1), s.translations.at(index));
+        distinct += QSet<QString>(choices.begin(), choices.end()).size() == 6 ? 1 : 0;
+    }
+    EXPECT_GE(distinct, 950);
+}
