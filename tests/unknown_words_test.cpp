@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDirIterator>
 #include <QLabel>
+#include <QMap>
 #include <QTest>
 
 #include <gtest/gtest.h>
