@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPointer>
 
+#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
 #include <ranges>
@@ -329,6 +330,11 @@ TEST(FlashCards, ATenMinuteDrillRunsOnVirtualTime)
     p.main()->flash_cards_click();
     // A card of a translation and four plays lasts under 7 seconds.
     EXPECT_GT(p.sound.played.size(), 350);
+
+    // Cards that nobody pauses run for ever: the clock's limit fails the test and breaks them off.
+    p.clock.limit = 700.0;
+    EXPECT_NONFATAL_FAILURE(p.main()->flash_cards_click(), "limit of 700 virtual seconds");
+    EXPECT_TRUE(p.prompts.texts().last().contains("limit of 700 virtual seconds"));
 }
 
 TEST(FlashCards, TheMainWindowHidesForItsListButNotForAKnownListAndNeedsAList)
