@@ -83,11 +83,12 @@ TEST(LanguageSelection, ChoosingALanguageListsItsListsSweepsEmptyFilesAndLoadsTh
     EXPECT_EQ(p.prompts.shown.size(), 1); // only the name was asked
 }
 
-TEST(LanguageSelection, AnEmptyTransFileGivesAnEmptyTargetAndABadPairingLineIsReported)
+TEST(LanguageSelection, AnEmptyTransFileGivesAnEmptyTargetAndABadPairingLineChangesNothing)
 {
     Program p;
     p.folder.write("languages/basque/words.txt", "bat|one|00001\r\n");
     p.folder.write("languages/basque/trans_basque.dat", "\r\n");
+    p.folder.write("users/kestrin/basque/words-k.txt", "bi|two|00002\r\n");
     p.folder.write("languages/welsh/words.txt", "un|one|00001\r\n");
     p.folder.write("languages/welsh/trans_welsh.dat", "english\r\n");
     p.folder.write("languages/welsh/trans_index_welsh_english.dat", "00001|00100\r\n\r\n");
@@ -95,15 +96,21 @@ TEST(LanguageSelection, AnEmptyTransFileGivesAnEmptyTargetAndABadPairingLineIsRe
     Session& s = p.session();
     EXPECT_EQ(languageFiles(s), QStringList({"basque", "", "basque/master_basque.txt", "basque/trans_basque.dat",
                                              "/master_.txt", "basque/trans_index_basque_.dat"}));
+    select_row(main->lists_list, 0);
+    // Every session value a language choice sets, and what the main window's boxes show.
+    auto state = [&] {
+        return languageFiles(s) + QStringList({s.shown_file, s.current_list}) + s.target_sound_numbers + s.words +
+               items(main->lists_list) + items(main->known_lists) + items(main->words_list) + items(main->words_liste);
+    };
+    const QStringList before = state();
 
-    // An empty pairing line stops the load with a message naming the file; the window stays up and
-    // the table is not half filled.
+    // An empty pairing line stops the choice with a message naming the file, before anything changes.
     Program::choose(main->lang_list, "welsh");
     ASSERT_EQ(p.prompts.shown.size(), 2);
     EXPECT_EQ(p.prompts.shown[1].kind, "message");
     EXPECT_TRUE(p.prompts.shown[1].text.contains("trans_index_welsh_english.dat"))
         << p.prompts.shown[1].text.toStdString();
-    EXPECT_EQ(s.target_sound_numbers.at(1), "");
-    EXPECT_EQ(items(main->lists_list), QStringList({"words"}));
+    EXPECT_EQ(state(), before);
+    EXPECT_FALSE(p.folder.exists("users/kestrin/welsh"));
     EXPECT_TRUE(main->isVisible());
 }

@@ -33,36 +33,29 @@ QByteArray opensslBlowfish(const ProgramFolder& folder, const QString& input, co
 
 } // namespace
 
-TEST(Cipher, KnownVectorEnciphersAndDeciphersBack)
+TEST(Cipher, AKnownVectorAndFilesThatAgreeWithTheOpensslCommandLine)
 {
     const QByteArray key = QByteArray::fromHex("00112233445566778899aabbccddeeff");
     const QByteArray iv = QByteArray::fromHex("0102030405060708");
-    const QByteArray plain("hello blowfish cbc test");
     const QByteArray expected = QByteArray::fromHex("aa13434ebbe78df9cc1e21207aeb26d292bea50d516b2f1f");
-    EXPECT_EQ(blowfishCbc(plain, key, iv, CipherDirection::Encipher).value_or("").toHex(), expected.toHex());
-    EXPECT_EQ(blowfishCbc(expected, key, iv, CipherDirection::Decipher).value_or(""), plain);
+    EXPECT_EQ(blowfishCbc("hello blowfish cbc test", key, iv, CipherDirection::Encipher).value_or("").toHex(),
+              expected.toHex());
+    EXPECT_EQ(blowfishCbc(expected, key, iv, CipherDirection::Decipher), "hello blowfish cbc test");
+    // A wrong key fails the padding check.
+    EXPECT_FALSE(blowfishCbc(expected, QByteArray(16, 'k'), iv, CipherDirection::Decipher).has_value());
 
-    // A whole block of padding follows data of a whole number of blocks; a wrong key fails the padding check.
-    EXPECT_EQ(blowfishCbc("12345678", key, iv, CipherDirection::Encipher).value_or("").size(), 16);
-    const QByteArray otherKey = QByteArray::fromHex("ffeeddccbbaa99887766554433221100");
-    EXPECT_FALSE(blowfishCbc(expected, otherKey, iv, CipherDirection::Decipher).has_value());
-}
-
-TEST(Cipher, FilesAgreeWithTheOpensslCommandLine)
-{
     ProgramFolder folder;
     const QByteArray samples = patternBytes(30870);
     folder.write("a.tmp", samples);
     ASSERT_TRUE(encipher_file(folder.file("a.tmp"), folder.file("a.str")));
     EXPECT_EQ(folder.read("a.tmp"), samples); // the plain file is left in place
+    // A whole block of padding follows data of a whole number of blocks.
     EXPECT_EQ(folder.read("a.str").size(), 30872);
     EXPECT_EQ(opensslBlowfish(folder, "a.str", "by_openssl.raw", true), samples);
-
-    const QByteArray other = patternBytes(1001);
-    folder.write("b.raw", other);
+    folder.write("b.raw", patternBytes(1001));
     ASSERT_FALSE(opensslBlowfish(folder, "b.raw", "b.str", false).isEmpty());
     ASSERT_TRUE(decipher_file(folder.file("b.str"), folder.file("b.tmp")));
-    EXPECT_EQ(folder.read("b.tmp"), other);
+    EXPECT_EQ(folder.read("b.tmp"), patternBytes(1001));
 
     // An empty recording round-trips too; an existing output is replaced whole.
     folder.write("empty.tmp", QByteArray());
@@ -71,19 +64,14 @@ TEST(Cipher, FilesAgreeWithTheOpensslCommandLine)
     EXPECT_EQ(folder.read("empty.str").size(), 8);
     ASSERT_TRUE(decipher_file(folder.file("empty.str"), folder.file("empty.out")));
     EXPECT_EQ(folder.read("empty.out"), QByteArray());
-
     EXPECT_FALSE(decipher_file(folder.file("absent.str"), folder.file("absent.tmp")));
     EXPECT_FALSE(folder.exists("absent.tmp"));
 }
 
-TEST(SoundFiles, ChoosesTheNewRecordingOnlyWhileTheRecordWindowPlays)
+using SoundFiles = quorvane::test::CoreTest;
+
+TEST_F(SoundFiles, ChoosesTheNewRecordingOnlyWhileTheRecordWindowPlays)
 {
-    ProgramFolder folder;
-    ScriptedPrompts prompts;
-    FakeSound sound;
-    FakeClock clock;
-    Session session(prompts, sound, clock);
-    session.languages_folder = folder.path() + "/languages/";
     const QString mp3 = session.languages_folder + "spanish/01/01436.mp3";
     const QString str = session.languages_folder + "spanish/new_str/01/01436.str";
     // Step by step: a file added, whether the record window plays, the file chosen, the missing count.
@@ -113,7 +101,7 @@ TEST(SoundFiles, ChoosesTheNewRecordingOnlyWhileTheRecordWindowPlays)
     EXPECT_EQ(choose_sound_file(session, "70012", "german").path, session.languages_folder + "german/70/70012.mp3");
 }
 
-TEST(SoundFiles, StrToWavWritesTheHeaderAndSamplesAndRemovesTheTmpFile)
+TEST(StrToWav, WritesTheHeaderAndSamplesAndRemovesTheTmpFile)
 {
     EXPECT_EQ(four_byte_text(16777218).toHex(), QByteArray("02000001"));
     EXPECT_EQ(four_byte_text(2147483647).toHex(), QByteArray("ffffff7f"));
@@ -130,19 +118,9 @@ TEST(SoundFiles, StrToWavWritesTheHeaderAndSamplesAndRemovesTheTmpFile)
     EXPECT_FALSE(folder.exists("new_str/01/01436.tmp"));
     EXPECT_TRUE(folder.exists("new_str/01/01436.str"));
     // RIFF, size, WAVE, fmt chunk of 16: PCM, mono, 22050 Hz, 44100 bytes/s, 2-byte frames, 16 bits; data size.
-    const QByteArray header = QByteArray::fromHex("52494646"
-                                                  "ba780000"
-                                                  "57415645"
-                                                  "666d7420"
-                                                  "10000000"
-                                                  "0100"
-                                                  "0100"
-                                                  "22560000"
-                                                  "44ac0000"
-                                                  "0200"
-                                                  "1000"
-                                                  "64617461"
-                                                  "96780000");
+    const QByteArray header = QByteArray::fromHex(
+        "52494646 ba780000 57415645 666d7420 10000000 0100 0100 22560000 44ac0000 0200 1000 64617461 "
+        "96780000");
     const QByteArray bytes = folder.read("new_str/01/01436.wav");
     EXPECT_EQ(bytes.size(), 30914);
     EXPECT_EQ(bytes.left(44).toHex(), header.toHex());

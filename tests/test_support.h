@@ -156,6 +156,34 @@ public:
     std::function<void(const QString& path)> onPlay;
 };
 
+// A session over the test doubles with a main view that records, in a fresh program folder that
+// is the current directory while the object lives.
+struct CoreSession
+{
+    ProgramFolder folder;
+    ScriptedPrompts prompts;
+    FakeSound sound;
+    FakeClock clock;
+    Session session{prompts, sound, clock};
+    RecordingMainView view;
+    const QString previousFolder = QDir::currentPath();
+
+    CoreSession()
+    {
+        QDir::setCurrent(folder.path());
+        session.languages_folder = folder.path() + "/languages/";
+        session.attachMainView(&view);
+    }
+    ~CoreSession() { QDir::setCurrent(previousFolder); }
+    CoreSession(const CoreSession&) = delete;
+    CoreSession& operator=(const CoreSession&) = delete;
+};
+
+// The shared session as a GoogleTest fixture.
+struct CoreTest : ::testing::Test, CoreSession
+{
+};
+
 // The program started on the test doubles in its own program folder; kestrin answers the name box.
 struct Program
 {

@@ -1,8 +1,11 @@
 #include "core/table_limit.h"
+#include "store/text_files.h"
 #include "test_support.h"
 
 #include <QApplication>
+#include <QDirIterator>
 #include <QLabel>
+#include <QMap>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -103,50 +106,86 @@ TEST(UnknownWords, OpeningAListMakesItsUnknownFileOnceShowsItsEntriesAndCountsTh
     EXPECT_EQ(p.prompts.shown.size(), 1);
 }
 
-TEST(UnknownWords, AKnownFileOverItsLimitIsReportedAndMakesNoUnknownFile)
+TEST(UnknownWords, ATableLimitIsReportedAndChangesNoSessionValueNorFile)
 {
     Program p;
+    p.folder.write("languages/spanish/three.txt", kFourWords.left(kFourWords.indexOf("cuatro")));
+    p.folder.write("languages/spanish/huge.txt", repeatedLines("a|b|00001", kMaxWordEntries + 1));
     p.folder.write("languages/spanish/big.txt", "uno|one|01001\r\ndos|two|01002\r\n");
     p.folder.write("users/kestrin/spanish/big-k.txt", repeatedLines("k|k|00001", kMaxKnownLines + 1));
     MainWindow* main = startSpanish(p);
-    Program::choose(main->lists_list, "big");
-    ASSERT_EQ(p.prompts.shown.size(), 2);
-    EXPECT_EQ(p.prompts.shown[1].kind, "message");
-    const QString text = p.prompts.shown[1].text;
-    EXPECT_TRUE(text.contains(p.session().known_file) && text.contains("20001")) << text.toStdString();
-    EXPECT_FALSE(p.folder.exists("users/kestrin/spanish/big-u.txt"));
+    Program::choose(main->lists_list, "three");
+    const Session& s = p.session();
+    auto state = [&] {
+        return QStringList({s.current_list, s.shown_file, s.list_file, s.known_file, s.unknown_file}) + s.words +
+               s.translations + s.sound_numbers;
+    };
+    auto files = [&] {
+        QMap<QString, QByteArray> bytes;
+        for (QDirIterator it(p.folder.path(), QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
+            const QString path = it.next();
+            bytes.insert(path, p.folder.read(path.mid(p.folder.path().size() + 1)));
+        }
+        return bytes;
+    };
+    const QStringList before = state();
+    const auto filesBefore = files();
+
+    // A list of 30,002 entries, and a known file of 20,002 lines: each said with its file and limit.
+    for (const auto& [list, limit] : {std::pair("huge", "30001"), std::pair("big", "20001")}) {
+        p.prompts.shown.clear();
+        Program::choose(main->lists_list, list);
+        ASSERT_EQ(p.prompts.shown.size(), 1);
+        const QString text = p.prompts.shown[0].text;
+        EXPECT_TRUE(text.contains(p.folder.file("languages/spanish/") + list) ||
+                    text.contains(p.folder.file("users/kestrin/spanish/") + list))
+            << text.toStdString();
+        EXPECT_TRUE(text.contains(limit)) << text.toStdString();
+        EXPECT_EQ(state(), before);
+        EXPECT_TRUE(files() == filesBefore);
+    }
     EXPECT_TRUE(main->isVisible());
+
+    // The cards play the list still open, and "Mark Word As Known" moves one of its words.
+    p.sound.onPlay = [&](const QString&) {
+        Program::press("qvplay", p.sound.played.size() == 1 ? "i_know_this_word" : "pause");
+    };
+    main->flash_cards_click();
+    EXPECT_EQ(splitLines(decodeWindows1252(p.folder.read("users/kestrin/spanish/three-k.txt"))).size(), 1);
+    EXPECT_FALSE(p.folder.exists("users/kestrin/spanish/huge-k.txt") ||
+                 p.folder.exists("users/kestrin/spanish/huge-u.txt"));
+    EXPECT_EQ(p.folder.read("languages/spanish/huge.txt"),
+              filesBefore.value(p.folder.file("languages/spanish/huge.txt")));
 
     // A known file at the limit is read whole.
     p.folder.write("users/kestrin/spanish/big-k.txt",
                    repeatedLines("k|k|00001", kMaxKnownLines - 1) + "dos|two|01002\r\n");
     Program::choose(main->lists_list, "big");
     EXPECT_EQ(p.folder.read("users/kestrin/spanish/big-u.txt"), QByteArray("uno|one|01001\r\n"));
-    EXPECT_EQ(p.prompts.shown.size(), 2);
 
     // A list gone since it was listed makes no unknown file.
     QFile::remove(p.folder.file("languages/spanish/big.txt"));
     QFile::remove(p.folder.file("users/kestrin/spanish/big-u.txt"));
     Program::choose(main->lists_list, "big");
     EXPECT_FALSE(p.folder.exists("users/kestrin/spanish/big-u.txt"));
+    EXPECT_EQ(p.prompts.shown.size(), 1);
 }
 
 TEST(UnknownWords, AClickSaysTheWordOnceAndTheTranslationInTheTargetLanguage)
 {
     Program p;
     p.folder.write("languages/spanish/numbers.txt", kFourWords);
+    p.folder.write("languages/spanish/gap.txt", "uno|one|01001\r\nhueco|gap|\r\ntres|three|01003\r\n");
     MainWindow* main = startSpanish(p);
     Program::choose(main->lists_list, "numbers");
     EXPECT_EQ(main->words_list->currentRow(), -1);
 
-    // The word: said once, the translation box follows without a sound.
+    // The word: said once, the translation box follows without a sound; a second click says it again.
     clickRow(main->words_list, 1);
-    EXPECT_EQ(p.sound.played, QStringList({p.played("spanish/01/01002.mp3")}));
     EXPECT_EQ(main->words_liste->currentRow(), 1);
     EXPECT_EQ(main->Label6->text(), "File # 01002");
-    // A second click on the same row says it again.
     clickRow(main->words_list, 1);
-    EXPECT_EQ(p.sound.played.size(), 2);
+    EXPECT_EQ(p.sound.played, QStringList(2, p.played("spanish/01/01002.mp3")));
 
     // The translation: its recording in the target language, and the word box follows silently.
     p.sound.played.clear();
@@ -158,24 +197,18 @@ TEST(UnknownWords, AClickSaysTheWordOnceAndTheTranslationInTheTargetLanguage)
     clickRow(main->words_liste, 3);
     EXPECT_EQ(p.sound.played.size(), 1);
     EXPECT_EQ(main->words_list->currentRow(), 3);
-    EXPECT_EQ(p.prompts.shown.size(), 1);
-}
 
-TEST(UnknownWords, RowsAfterAnEntryWithoutSoundNumberAreShiftedAgainstTheArrays)
-{
-    Program p;
-    p.folder.write("languages/spanish/gap.txt", "uno|one|01001\r\nhueco|gap|\r\ntres|three|01003\r\n");
-    MainWindow* main = startSpanish(p);
+    // Row 1 of gap shows "tres" but stands for index 1 of the arrays, the entry without a sound
+    // number: neither the word nor the translation has anything to say.
     Program::choose(main->lists_list, "gap");
     EXPECT_EQ(main->Label8->text(), "3 Unknown Words");
     EXPECT_EQ(items(main->words_list), QStringList({"uno", "tres"}));
-    // Row 1 shows "tres" but stands for index 1 of the arrays, the entry without a sound number:
-    // neither the word nor the translation has anything to say.
+    p.sound.played.clear();
     clickRow(main->words_list, 1);
     clickRow(main->words_liste, 1);
-    EXPECT_TRUE(p.sound.played.isEmpty());
     clickRow(main->words_list, 0);
     EXPECT_EQ(p.sound.played, QStringList({p.played("spanish/01/01001.mp3")}));
+    EXPECT_EQ(p.prompts.shown.size(), 1);
 }
 
 TEST(UnknownWords, DoubleClickMovesTheWordBetweenTheFilesSilentlyAndKeepsItsRow)

@@ -13,132 +13,89 @@
 
 using namespace quorvane;
 using quorvane::test::boxes;
-using quorvane::test::ProgramFolder;
+using quorvane::test::CoreTest;
+using WordMoves = CoreTest;
 
 namespace {
 
 const QByteArray kThreeWords = "comer|to eat|01436\r\nagua|water|01002\r\ncasa|house|01003\r\n";
 
-// A session whose unknown and known files are those of the list food of kestrin in spanish,
-// with the unknown file loaded into the word arrays.
-struct MoveFixture
-{
-    ProgramFolder folder;
-    ScriptedPrompts prompts;
-    FakeSound sound;
-    FakeClock clock;
-    Session session{prompts, sound, clock};
-    quorvane::test::RecordingMainView view;
+// An answer to the repeat-count box and the count it leaves.
+using Answer = std::pair<QString, int>;
 
-    MoveFixture()
-    {
-        folder.write("users/kestrin/spanish/food-u.txt", kThreeWords);
-        session.unknown_file = folder.file("users/kestrin/spanish/food-u.txt");
-        session.known_file = folder.file("users/kestrin/spanish/food-k.txt");
-        session.attachMainView(&view);
-        session.shown_file = session.unknown_file;
-        create_array_of_words(session, session.unknown_file);
-    }
-    QByteArray unknown() const { return folder.read("users/kestrin/spanish/food-u.txt"); }
-    QByteArray known() const { return folder.read("users/kestrin/spanish/food-k.txt"); }
+class RepeatCount : public CoreTest, public ::testing::WithParamInterface<Answer>
+{
 };
 
 } // namespace
 
-TEST(WordMoves, RepeatCountKeepsOneToSixtyAndOtherwiseSetsThreeWithAMessage)
+TEST_P(RepeatCount, KeepsOneToSixtyAndOtherwiseSetsThreeWithAMessage)
 {
-    const QString prompt = "How many times should words be repeated before going to the next word? Recommended "
-                           "ranges are from 3 to 30.";
-    const QString reset = "That was too few or too many. It is now set to 3.";
-    const struct
-    {
-        const char* answer;
-        qint16 expected;
-    } cases[] = {{"1", 1},  {"60", 60}, {" 12 ", 12}, {"60.5", 60}, {"0", 3},    {"61", 3},
-                 {"-5", 3}, {"0.5", 3}, {"lots", 3},  {"", 3},      {"40000", 3}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.answer);
-        ScriptedPrompts prompts({QString(c.answer)});
-        FakeSound sound;
-        FakeClock clock;
-        Session session(prompts, sound, clock);
-        session.repeat_count = 17;
-        ask_repeat_count(session);
-        EXPECT_EQ(session.repeat_count, c.expected);
-        QStringList expected = {"input||" + prompt};
-        if (c.expected == 3)
-            expected.append("message||" + reset);
-        EXPECT_EQ(boxes(prompts), expected);
-    }
+    const auto [answer, expected] = GetParam();
+    prompts.push(answer);
+    session.repeat_count = 17;
+    ask_repeat_count(session);
+    EXPECT_EQ(session.repeat_count, expected);
+    QStringList shown = {"input||How many times should words be repeated before going to the next word? "
+                         "Recommended ranges are from 3 to 30."};
+    if (expected == 3)
+        shown.append("message||That was too few or too many. It is now set to 3.");
+    EXPECT_EQ(boxes(prompts), shown);
 }
 
-TEST(WordMoves, RandomIndexStaysInItsRangeAndRepeatsWithinOneTick)
-{
-    ScriptedPrompts prompts;
-    FakeSound sound;
-    FakeClock clock(0.0, 0.01);
-    Session session(prompts, sound, clock);
+INSTANTIATE_TEST_SUITE_P(Answers, RepeatCount,
+                         ::testing::Values(Answer{"1", 1}, Answer{"60", 60}, Answer{" 12 ", 12}, Answer{"60.5", 60},
+                                           Answer{"0", 3}, Answer{"61", 3}, Answer{"-5", 3}, Answer{"0.5", 3},
+                                           Answer{"lots", 3}, Answer{"", 3}, Answer{"40000", 3}));
 
+TEST_F(WordMoves, RandomIndexStaysInItsRangeAndRepeatsWithinOneTick)
+{
     std::set<double> seen;
+    std::set<double> spread;
     for (int tick = 0; tick < 300; ++tick) {
         clock.now = 36000.0 + tick * 0.01;
         EXPECT_EQ(random_index(session, 0, 0), 0.0);
         const double drawn = random_index(session, 5, 7);
-        EXPECT_TRUE(drawn == 5.0 || drawn == 6.0 || drawn == 7.0) << drawn;
         // The generator is seeded from the timer at every call: the same tick gives the same number.
         EXPECT_EQ(random_index(session, 5, 7), drawn);
         seen.insert(drawn);
-        const double wide = random_index(session, -1000, 1000);
-        EXPECT_GE(wide, -1000.0);
-        EXPECT_LE(wide, 1000.0);
-        EXPECT_EQ(wide, std::floor(wide));
+        const double wide = random_index(session, -1000, 29999);
+        EXPECT_TRUE(wide >= -1000.0 && wide <= 29999.0 && wide == std::floor(wide)) << wide;
+        spread.insert(wide);
     }
     EXPECT_EQ(seen, std::set<double>({5.0, 6.0, 7.0}));
-    // Different ticks do not all give the same number.
-    std::set<double> spread;
-    for (int tick = 0; tick < 50; ++tick) {
-        clock.now = 50000.0 + tick * 0.01;
-        spread.insert(random_index(session, 0, 29999));
-    }
-    EXPECT_GT(spread.size(), 40u);
+    EXPECT_GT(spread.size(), 280u);
     EXPECT_THROW(random_index(session, 0, std::numeric_limits<qint32>::max()), std::overflow_error);
 }
 
 // The moves themselves, and their bytes, are checked through the main window's double-click.
-TEST(WordMoves, AnIndexOutsideTheArraysOrAFailedWriteNeverLosesTheWord)
+TEST_F(WordMoves, AWordMoveToARowOutsideTheArraysOrAFailedWriteNeverLosesTheWord)
 {
-    {
-        MoveFixture f;
-        for (int index : {-1, 4, 30000})
-            move_to_known(f.session, index);
-        EXPECT_EQ(f.unknown(), kThreeWords);
-        EXPECT_FALSE(f.folder.exists("users/kestrin/spanish/food-k.txt"));
-        EXPECT_EQ(f.view.displayed, 0);
-    }
-    // The source cannot be replaced (a folder stands at its path): the word added to the target
-    // is taken back, and the failure is said.
-    {
-        MoveFixture f;
-        const QString blocked = f.folder.file("users/kestrin/spanish/blocked-u.txt");
-        f.folder.mkdir("users/kestrin/spanish/blocked-u.txt");
-        f.session.shown_file = blocked;
-        move_word(f.session, f.session.known_file, blocked, 2);
-        EXPECT_FALSE(f.folder.exists("users/kestrin/spanish/food-k.txt"));
-        EXPECT_TRUE(QFileInfo(blocked).isDir());
-        ASSERT_EQ(f.prompts.shown.size(), 1);
-        EXPECT_EQ(f.prompts.shown[0].kind, "message");
-        EXPECT_TRUE(f.prompts.shown[0].text.contains("blocked-u.txt")) << f.prompts.shown[0].text.toStdString();
-        EXPECT_EQ(f.view.displayed, 0);
-        EXPECT_EQ(f.session.wordCount(), 3);
-    }
+    folder.write("users/kestrin/spanish/food-u.txt", kThreeWords);
+    session.unknown_file = folder.file("users/kestrin/spanish/food-u.txt");
+    session.known_file = folder.file("users/kestrin/spanish/food-k.txt");
+    session.shown_file = session.unknown_file;
+    create_array_of_words(session, session.unknown_file);
+    for (int index : {-1, 4, 30000})
+        move_to_known(session, index);
+    EXPECT_FALSE(folder.exists("users/kestrin/spanish/food-k.txt"));
+
     // The target cannot be written (its parent is a file): the source keeps every word.
-    {
-        MoveFixture f;
-        f.folder.write("users/kestrin/spanish/plain", "a file, not a folder");
-        move_word(f.session, f.folder.file("users/kestrin/spanish/plain/food-k.txt"), f.session.unknown_file, 0);
-        EXPECT_EQ(f.unknown(), kThreeWords);
-        ASSERT_EQ(f.prompts.shown.size(), 1);
-        EXPECT_TRUE(f.prompts.shown[0].text.contains("food-k.txt")) << f.prompts.shown[0].text.toStdString();
-        EXPECT_EQ(f.view.displayed, 0);
-    }
+    folder.write("users/kestrin/spanish/plain", "a file, not a folder");
+    move_word(session, folder.file("users/kestrin/spanish/plain/food-k.txt"), session.unknown_file, 0);
+    EXPECT_EQ(folder.read("users/kestrin/spanish/food-u.txt"), kThreeWords);
+    // The source cannot be replaced (a folder stands at its path): the word added to the target is
+    // taken back.
+    const QString blocked = folder.file("users/kestrin/spanish/blocked-u.txt");
+    folder.mkdir("users/kestrin/spanish/blocked-u.txt");
+    session.shown_file = blocked;
+    move_word(session, session.known_file, blocked, 2);
+    EXPECT_FALSE(folder.exists("users/kestrin/spanish/food-k.txt"));
+    EXPECT_TRUE(QFileInfo(blocked).isDir());
+
+    ASSERT_EQ(prompts.shown.size(), 2);
+    EXPECT_TRUE(prompts.shown[0].text.contains("food-k.txt")) << prompts.shown[0].text.toStdString();
+    EXPECT_TRUE(prompts.shown[1].text.contains("blocked-u.txt")) << prompts.shown[1].text.toStdString();
+    EXPECT_EQ(view.displayed, 0);
+    EXPECT_EQ(session.wordCount(), 3);
 }

@@ -69,8 +69,17 @@ FakeClock::FakeClock(double start, double step_) : now(start), step(step_) {}
 
 void FakeClock::processEvents()
 {
+    if (m_passed >= limit) {
+        const std::string text = "a loop ran past the fake clock's limit of " + QString::number(limit).toStdString() +
+                                 " virtual seconds without ending";
+        if (!m_overrun)
+            ADD_FAILURE() << text;
+        m_overrun = true;
+        throw RunawayLoop(text);
+    }
     ++processed;
     now += step;
+    m_passed += step;
     while (!m_actions.empty() && m_actions.begin()->first <= now + 1e-9) {
         auto action = std::move(m_actions.begin()->second);
         m_actions.erase(m_actions.begin());

@@ -16,6 +16,7 @@
 
 #include <functional>
 #include <map>
+#include <stdexcept>
 
 class QWidget;
 
@@ -58,6 +59,14 @@ private:
     QVariant next(const ShownBox& box);
 };
 
+// Thrown by FakeClock::processEvents() past its limit, so that a loop that never ends stops at
+// once; the running test has already failed by then.
+class RunawayLoop : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
 // Virtual time: every processEvents() moves it on by step seconds, runs the actions that have
 // fallen due and lets Qt handle pending events. A drill of minutes runs in milliseconds.
 class FakeClock : public Clock
@@ -72,8 +81,14 @@ public:
     double now;
     double step;
     long processed = 0; // number of processEvents() calls so far
+    // The virtual seconds processEvents() may pass in all. Past them it fails the running test
+    // (once) and throws RunawayLoop at every call, so a loop that never ends fails in a second
+    // or two instead of spinning until the test run's timeout.
+    double limit = 3600.0;
 
 private:
+    double m_passed = 0.0;
+    bool m_overrun = false;
     std::multimap<double, std::function<void()>> m_actions;
 };
 
