@@ -418,14 +418,14 @@ TEST(Pairing, TheSampleCoursesIndexesAreWhatThePairingWrites)
 {
     Program p;
     const QString demo = QStringLiteral(QUORVANE_DEMO_DIR) + "/languages/";
-    for (const QString& file : {"spanish/master_spanish.txt", "spanish/trans_spanish.dat", "english/master_english.txt",
-                                "english/trans_english.dat"}) {
+    for (const QString file : {"spanish/master_spanish.txt", "spanish/trans_spanish.dat", "english/master_english.txt",
+                               "english/trans_english.dat"}) {
         QFile in(demo + file);
         ASSERT_TRUE(in.open(QIODevice::ReadOnly)) << file.toStdString();
         p.folder.write("languages/" + file, in.readAll());
     }
     MainWindow* main = p.start();
-    for (const QString& language : {"english", "spanish"}) {
+    for (const QString language : {"english", "spanish"}) {
         Program::choose(main->lang_list, language);
         main->create_trans_index();
         const QString index = language + "/trans_index_" + language + "_" + p.session().target_language + ".dat";

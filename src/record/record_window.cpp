@@ -256,11 +256,14 @@ void RecordWindow::wireHandlers()
         {exit_button, &RecordWindow::exit_button_click},
         {instructions_text, &RecordWindow::instructions_text_click},
         {instructions_record, &RecordWindow::instructions_record_click},
-        {license, &RecordWindow::license_click}};
+        {license, &RecordWindow::license_click},
+        {add_word, &RecordWindow::add_word_click},
+        {save_text, &RecordWindow::save_text_click},
+        {delete_word, &RecordWindow::delete_word_click},
+        {Command1, &RecordWindow::Command1_click},
+        {zip, &RecordWindow::zip_click}};
     for (const auto& [button, handler] : buttons)
         connect(button, &QPushButton::clicked, this, handler);
-    // add_word, save_text, delete_word, Command1 and zip belong to the editing, list editor and
-    // packing handlers, connected where those are built.
 }
 
 void RecordWindow::guarded(const std::function<void()>& handler)

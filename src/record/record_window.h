@@ -1,5 +1,6 @@
 #pragma once
 
+#include "record/packing.h"
 #include "record/record_session.h"
 
 #include <QString>
@@ -25,7 +26,7 @@ class Session;
 // in its waits, so STOP and the close box are served meanwhile. Closing the window (its frame or
 // exit_button) sets stop_flag and shows the main window; the window is deleted once no session
 // runs in it any more. Owned by its Qt parent, the main window.
-class RecordWindow : public QWidget, public RecordView
+class RecordWindow : public QWidget, public RecordView, public PackingView
 {
     Q_OBJECT
 public:
@@ -104,6 +105,8 @@ public:
     void showCountdown(const QString& text) override;
     void colourSession(SessionColour colour) override;
     void showTake(const QString& text) override;
+    // PackingView
+    void show_packing_progress(const QString& text) override;
 
 public slots:
     // Opening: the list's name, list_file and changes_file, the window shown, then its lists.
@@ -143,6 +146,12 @@ public slots:
     void unlimited_click();
     // Runs the session on the stored settings (the duration buttons set them first).
     void misc_rec();
+    // Editing words, the list editor and packing.
+    void add_word_click();
+    void save_text_click();
+    void delete_word_click();
+    void Command1_click();
+    void zip_click();
     void stop_auto_record_click();
     void record_speed_click();
     void refresh_lists_click();
