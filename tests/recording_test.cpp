@@ -18,8 +18,8 @@
 #include <initializer_list>
 
 using namespace quorvane;
-using quorvane::test::ProgramFolder;
-using quorvane::test::runTool;
+using quorvane::test::items;
+using quorvane::test::Program;
 
 namespace {
 
@@ -38,55 +38,34 @@ QByteArray samples(std::initializer_list<int> values)
 
 QByteArray repeated(int value, int count)
 {
-    QByteArray bytes;
-    for (int i = 0; i < count; ++i)
-        bytes += samples({value});
-    return bytes;
+    return samples({value}).repeated(count);
 }
 
 // A .str file deciphered by the openssl command line.
-QByteArray opensslDecipher(const ProgramFolder& folder, const QString& strFile)
+QByteArray opensslDecipher(const quorvane::test::ProgramFolder& folder, const QString& strFile)
 {
-    runTool("openssl", {"enc", "-d", "-bf-cbc", "-provider", "legacy", "-provider", "default", "-K",
-                        "5c1e07a9d3b46f28e90d1a7c3b5f2e84", "-iv", "a4d90e3b7c1f6285", "-in", folder.file(strFile),
-                        "-out", folder.file("plain.raw")});
+    quorvane::test::runTool("openssl", {"enc", "-d", "-bf-cbc", "-provider", "legacy", "-provider", "default", "-K",
+                                        "5c1e07a9d3b46f28e90d1a7c3b5f2e84", "-iv", "a4d90e3b7c1f6285", "-in",
+                                        folder.file(strFile), "-out", folder.file("plain.raw")});
     return folder.read("plain.raw");
 }
 
-// A session over the test doubles, the fake microphone timed by the fake clock.
-struct Recorder
+// A microphone whose capture never starts, and one whose sample cannot be had.
+struct NoMicrophone : FakeSound
 {
-    explicit Recorder(FakeSound& library) : sound(library) { sound.useClock(clock); }
-    ScriptedPrompts prompts;
-    FakeClock clock;
-    FakeSound& sound;
-    Session session{prompts, sound, clock};
+    bool recordStartSample(int, bool) override { return (error = kSoundNoRecordingDevice) == 0; }
 };
-
-// A microphone whose capture never starts.
-class NoMicrophone : public FakeSound
+struct NoMemory : FakeSound
 {
-public:
-    bool recordStartSample(int, bool) override
-    {
-        error = kSoundNoRecordingDevice;
-        return false;
-    }
-};
-
-class NoMemory : public FakeSound
-{
-public:
-    int sampleAlloc(int, int, unsigned, int, int, int, int) override
-    {
-        error = kSoundOutOfMemory;
-        return 0;
-    }
+    int sampleAlloc(int, int, unsigned, int, int, int, int) override { return (error = kSoundOutOfMemory) * 0; }
 };
 
 } // namespace
 
-TEST(Recording, SilenceIsCutAtTheNegativeSamplesAroundTheLoudPart)
+// A session over the test doubles, the fake microphone timed by the fake clock.
+using Recording = quorvane::test::CoreTest;
+
+TEST_F(Recording, SilenceIsCutAtTheNegativeSamplesAroundTheLoudPart)
 {
     // Quiet, two negative samples, the first loud one (518), more, the last loud one, a negative one
     // and quiet again: the cut runs from the second negative to the negative after the loud part.
@@ -100,87 +79,70 @@ TEST(Recording, SilenceIsCutAtTheNegativeSamplesAroundTheLoudPart)
     const QByteArray quiet = repeated(0, 10) + samples({-4, 100, -4}) + repeated(0, 10);
     EXPECT_EQ(cut_silence(quiet), quiet);
     EXPECT_EQ(cut_silence(samples({1000})), samples({1000}));
-    EXPECT_EQ(cut_silence(QByteArray()), QByteArray());
 
     EXPECT_EQ(recording_length(1.4f, kRate), 30870);
     EXPECT_EQ(recording_length(1.8f, kRate), 39690);
-    EXPECT_EQ(recording_length(0.0f, kRate), 0);
-
     const TakeLevel level = take_level(repeated(0, 11025) + samples({-16384}), kRate);
     EXPECT_NEAR(level.seconds, 0.5, 0.001);
     EXPECT_NEAR(level.peakDbfs, -6.02, 0.01);
     EXPECT_TRUE(take_level(repeated(0, 100), kRate).silent);
 }
 
-TEST(Recording, StoresTheCutTakeEncipheredAndStopsEarlyOnStop)
+TEST_F(Recording, StoresTheCutTakeEncipheredAndStopsEarlyOnStop)
 {
-    ProgramFolder folder;
-    FakeSound sound;
-    Recorder recorder(sound);
     // 0.2 s of quiet, a negative sample, a 1 s tone of 1000 and -1000, quiet to the end.
-    QByteArray tone;
-    for (int i = 0; i < kRate / 2; ++i)
-        tone += samples({1000, -1000});
+    const QByteArray tone = samples({1000, -1000}).repeated(kRate / 2);
     sound.microphone = repeated(0, 4410) + samples({-20}) + tone + repeated(0, 30870);
-
-    const QByteArray stored = record_word(recorder.session, folder.file("01436.str"), kRate, 1.4f, 1, 2);
+    const QByteArray stored = record_word(session, folder.file("01436.str"), kRate, 1.4f, 1, 2);
     EXPECT_EQ(stored, samples({-20}) + tone);
     EXPECT_EQ(opensslDecipher(folder, "01436.str"), stored);
     EXPECT_FALSE(folder.exists("01436.tmp"));
     // Polled every 0.01 s until 1300 frames short of the full 30870.
-    EXPECT_GE(recorder.clock.now - 36000.0, 29570.0 / kRate);
-    EXPECT_LE(recorder.clock.now - 36000.0, 29570.0 / kRate + 0.02);
-    EXPECT_TRUE(recorder.prompts.shown.isEmpty());
+    EXPECT_NEAR(clock.now - 36000.0, 29570.0 / kRate + 0.01, 0.01);
+    EXPECT_TRUE(prompts.shown.isEmpty());
 
     // STOP half-way keeps what was recorded until then; a new take replaces the old file whole.
     sound.microphone = repeated(1000, 30870);
-    recorder.clock.at(0.5, [&] { recorder.session.stop_flag = flags::kYes; });
-    const QByteArray half = record_word(recorder.session, folder.file("01436.str"), kRate, 1.4f, 1, 2);
-    EXPECT_GE(half.size(), 2 * (kRate / 2 - 5));
-    EXPECT_LE(half.size(), 2 * (kRate / 2 + 250));
+    clock.at(0.5, [&] { session.stop_flag = flags::kYes; });
+    const QByteArray half = record_word(session, folder.file("01436.str"), kRate, 1.4f, 1, 2);
+    EXPECT_NEAR(half.size() / 2, kRate / 2 + 122.5, 127.5);
     EXPECT_EQ(half, repeated(1000, half.size() / 2));
     EXPECT_EQ(opensslDecipher(folder, "01436.str"), half);
 
     // Zero seconds records nothing and does not wait.
-    recorder.session.stop_flag.clear();
-    const long waits = recorder.clock.processed;
-    EXPECT_TRUE(record_word(recorder.session, folder.file("00000.str"), kRate, 0.0f, 1, 2).isEmpty());
-    EXPECT_EQ(recorder.clock.processed, waits);
+    session.stop_flag.clear();
+    const long waits = clock.processed;
+    EXPECT_TRUE(record_word(session, folder.file("00000.str"), kRate, 0.0f, 1, 2).isEmpty());
+    EXPECT_EQ(clock.processed, waits);
     EXPECT_EQ(opensslDecipher(folder, "00000.str"), QByteArray());
 }
 
-TEST(Recording, LibraryFailuresAreToldAndLeaveAnEmptyFileWithoutWaiting)
+TEST_F(Recording, LibraryFailuresAreToldAndLeaveAnEmptyFileWithoutWaiting)
 {
-    ProgramFolder folder;
     NoMicrophone noMicrophone;
-    Recorder recorder(noMicrophone);
-    EXPECT_TRUE(record_word(recorder.session, folder.file("01436.str"), kRate, 1.4f, 1, 2).isEmpty());
-    EXPECT_EQ(recorder.prompts.texts(),
-              QStringList({"Record StartSample Error: Recording is not supported on this machine",
-                           "Record Stop Error: An invalid parameter was passed to this function"}));
-    EXPECT_EQ(recorder.clock.processed, 0);
+    Session first(prompts, noMicrophone, clock);
+    EXPECT_TRUE(record_word(first, folder.file("01436.str"), kRate, 1.4f, 1, 2).isEmpty());
+    EXPECT_EQ(clock.processed, 0);
     EXPECT_EQ(opensslDecipher(folder, "01436.str"), QByteArray());
 
     NoMemory noMemory;
-    Recorder second(noMemory);
-    record_word(second.session, folder.file("01437.str"), kRate, 1.4f, 1, 2);
-    EXPECT_EQ(second.prompts.texts(),
-              QStringList({"Sample Alloc Error: Not enough memory ",
-                           "Record StartSample Error: An invalid parameter was passed to this function",
-                           "Record Stop Error: An invalid parameter was passed to this function",
-                           "Sample Lock Error: An invalid parameter was passed to this function"}));
+    Session second(prompts, noMemory, clock);
+    record_word(second, folder.file("01437.str"), kRate, 1.4f, 1, 2);
+    const QString invalid = "An invalid parameter was passed to this function";
+    EXPECT_EQ(prompts.texts(), QStringList({"Record StartSample Error: Recording is not supported on this machine",
+                                            "Record Stop Error: " + invalid, "Sample Alloc Error: Not enough memory ",
+                                            "Record StartSample Error: " + invalid, "Record Stop Error: " + invalid,
+                                            "Sample Lock Error: " + invalid}));
     EXPECT_TRUE(folder.exists("01437.str"));
 }
 
-TEST(Recording, RecordsAToneThroughSdlFromTheDiskDriver)
+TEST_F(Recording, RecordsAToneThroughSdlFromTheDiskDriver)
 {
-    ProgramFolder folder;
     // 0.3 s of silence, then a 0.5 s tone of 440 Hz starting with a negative half wave.
-    QByteArray input = repeated(0, kRate * 3 / 10);
     QByteArray tone;
     for (int i = 0; i < kRate / 2; ++i)
         tone += samples({static_cast<int>(std::lround(-8000 * std::sin(2 * M_PI * 440 * i / kRate)))});
-    folder.write("microphone.raw", input + tone);
+    folder.write("microphone.raw", repeated(0, kRate * 3 / 10) + tone);
 
     const QByteArray driver = qgetenv("SDL_AUDIODRIVER");
     qputenv("SDL_AUDIODRIVER", "disk");
@@ -189,11 +151,10 @@ TEST(Recording, RecordsAToneThroughSdlFromTheDiskDriver)
     qputenv("SDL_DISKAUDIODELAY", "0");
     QByteArray stored;
     {
-        SdlSound sound;
-        ScriptedPrompts prompts;
-        QtClock clock;
-        Session session(prompts, sound, clock);
-        stored = record_word(session, folder.file("01436.str"), kRate, 1.4f, 1, 2);
+        SdlSound sdl;
+        QtClock wallClock;
+        Session real(prompts, sdl, wallClock);
+        stored = record_word(real, folder.file("01436.str"), kRate, 1.4f, 1, 2);
         EXPECT_TRUE(prompts.shown.isEmpty()) << prompts.texts().join("\n").toStdString();
     }
     qputenv("SDL_AUDIODRIVER", driver);
@@ -201,8 +162,7 @@ TEST(Recording, RecordsAToneThroughSdlFromTheDiskDriver)
     // The tone comes back whole but for its first and last half waves, which the cut may take.
     const qsizetype period = 2 * kRate / 440;
     const qsizetype at = tone.indexOf(stored);
-    EXPECT_GE(at, 0);
-    EXPECT_LE(at, period);
+    EXPECT_NEAR(at, period / 2.0, period / 2.0);
     EXPECT_GE(stored.size(), tone.size() - 2 * period);
     EXPECT_EQ(opensslDecipher(folder, "01436.str"), stored);
 }
@@ -211,21 +171,49 @@ TEST(Recording, RecordsAToneThroughSdlFromTheDiskDriver)
 
 namespace {
 
-// The record window as the session sees it: the word lists' selections, and what was shown when.
-class FakeRecordView : public RecordView
+// The path of row i's new recording.
+QString recordingOf(int i)
 {
-public:
-    FakeRecordView(RecordState& state, FakeClock& clock) : m_state(state), m_clock(clock) {}
+    return QStringLiteral("languages/spanish/new_str/01/01%1.str").arg(i, 3, 10, QLatin1Char('0'));
+}
+
+// A session over a list of count words without recordings, on a loud fake microphone, with the record
+// window as the session sees it: the word list's selections, and what was shown when.
+struct SessionRun : quorvane::test::CoreSession, RecordView
+{
+    explicit SessionRun(int count)
+    {
+        sound.microphone = repeated(1000, kRate * 31);
+        session.current_language = "spanish";
+        for (int i = 0; i < count; ++i)
+            state.lists.without.sound_numbers.append(recordingOf(i).mid(29, 5));
+        state.lists.without.count = count;
+    }
+    void choose(int first)
+    {
+        selectRow(kWithoutSounds, first);
+        selections.clear();
+    }
+    // The rows whose recording exists.
+    QList<int> recorded() const
+    {
+        QList<int> rows;
+        for (int i = 0; i < state.lists.without.count; ++i)
+            if (folder.exists(recordingOf(i)))
+                rows.append(i);
+        return rows;
+    }
+    void run() { misc_rec(session, state, *this, &guard); }
+    void start(float seconds, bool single) { start_recording(session, state, *this, &guard, seconds, single); }
 
     bool unloaded() const override { return false; }
-    int selectedRow(const QString& kind) const override { return rows.value(kind, -1); }
-    bool selectRow(const QString& kind, int row) override
+    int selectedRow(const QString&) const override { return row; }
+    bool selectRow(const QString& kind, int to) override
     {
-        if (row < 0 || row >= m_state.lists.of(kind).count)
+        if (to < 0 || to >= state.lists.of(kind).count)
             return false;
-        rows[kind] = row;
-        selections.append(row);
-        choose_row(m_state, kind, row);
+        selections.append(row = to);
+        choose_row(state, kind, row);
         return true;
     }
     void showFileNumber(const QString& caption) override { shown.append(caption); }
@@ -234,14 +222,16 @@ public:
         if (text.isEmpty())
             return;
         countdowns.append(text);
-        times.append(m_clock.now);
+        times.append(clock.now);
         if (onCountdown)
             onCountdown(text);
     }
     void colourSession(SessionColour colour) override { colours.append(colour); }
     void showTake(const QString& text) override { takes.append(text); }
 
-    QHash<QString, int> rows;
+    RecordState state;
+    QObject guard;
+    int row = -1;
     QList<int> selections;
     QStringList shown;
     QStringList countdowns;
@@ -249,64 +239,7 @@ public:
     QList<SessionColour> colours;
     QStringList takes;
     std::function<void(const QString&)> onCountdown;
-
-private:
-    RecordState& m_state;
-    FakeClock& m_clock;
 };
-
-QString soundNumber(int i)
-{
-    return QStringLiteral("01%1").arg(i, 3, 10, QLatin1Char('0'));
-}
-
-// A session over a list of count words without recordings, on a loud fake microphone.
-struct SessionRun
-{
-    explicit SessionRun(int count)
-    {
-        sound.microphone = repeated(1000, kRate * 31);
-        recorder.session.languages_folder = folder.path() + "/languages/";
-        recorder.session.current_language = "spanish";
-        for (int i = 0; i < count; ++i) {
-            state.lists.without.words.append("w" + QString::number(i));
-            state.lists.without.translations.append("t" + QString::number(i));
-            state.lists.without.sound_numbers.append(soundNumber(i));
-        }
-        state.lists.without.count = count;
-    }
-    void choose(int row)
-    {
-        view.selectRow(kWithoutSounds, row);
-        view.selections.clear();
-    }
-    // The rows whose recording exists.
-    QList<int> recorded(int count) const
-    {
-        QList<int> rows;
-        for (int i = 0; i < count; ++i) {
-            if (folder.exists("languages/spanish/new_str/01/" + soundNumber(i) + ".str"))
-                rows.append(i);
-        }
-        return rows;
-    }
-    void run() { misc_rec(recorder.session, state, view, &guard); }
-
-    ProgramFolder folder;
-    FakeSound sound;
-    Recorder recorder{sound};
-    RecordState state;
-    FakeRecordView view{state, recorder.clock};
-    QObject guard;
-};
-
-QList<int> range(int from, int to)
-{
-    QList<int> rows;
-    for (int i = from; i <= to; ++i)
-        rows.append(i);
-    return rows;
-}
 
 } // namespace
 
@@ -317,31 +250,27 @@ TEST(RecordingSession, ManyWordsCountDownScrollEveryEleventhWordAndStepBackOnSto
     run.choose(0);
     // STOP as the twelfth word counts down.
     int ones = 0;
-    run.view.onCountdown = [&](const QString& text) {
+    run.onCountdown = [&](const QString& text) {
         if (text == "1" && ++ones == 12)
-            run.recorder.session.stop_flag = flags::kYes;
+            run.session.stop_flag = flags::kYes;
     };
-    start_recording(run.recorder.session, run.state, run.view, &run.guard, 1.4f, false);
+    run.start(1.4f, false);
 
     // The first word counts "2", "1" in slow steps even with the fast method; the next ones "1" alone.
-    EXPECT_EQ(run.view.countdowns.mid(0, 6), QStringList({"2", "1", "Speak", "1", "Speak", "1"}));
-    const QList<double>& at = run.view.times;
-    EXPECT_NEAR(at[1] - at[0], 0.6, 0.02);
-    EXPECT_NEAR(at[2] - at[1], 0.6, 0.02);
-    EXPECT_NEAR(at[4] - at[3], 0.7, 0.02);
+    EXPECT_EQ(run.countdowns.mid(0, 6), QStringList({"2", "1", "Speak", "1", "Speak", "1"}));
+    const QList<double>& at = run.times;
     // Between two words: 0.13 s, then the recording, stopped 1300 frames short of 1.4 s.
-    EXPECT_NEAR(at[3] - at[2], 0.13 + 29570.0 / kRate, 0.03);
+    const QList<double> gaps = {0.6, 0.6, 0.13 + 29570.0 / kRate, 0.7};
+    for (int i = 1; i <= 4; ++i)
+        EXPECT_NEAR(at[i] - at[i - 1], gaps[i - 1], 0.025) << i;
     // Eleven words recorded; the list scrolled on the eleventh (row 10) through row 21; the stop steps
     // back two rows from the twelfth.
-    EXPECT_EQ(run.recorded(40), range(0, 10));
-    EXPECT_EQ(run.view.selections, range(1, 10) + QList<int>({21, 10, 11, 9}));
-    EXPECT_EQ(run.view.shown.last(), "File: 01011");
-    EXPECT_EQ(run.view.takes.size(), 11);
-    EXPECT_EQ(run.view.colours.last(), SessionColour::idle);
-    EXPECT_EQ(run.recorder.session.recording_active, "no");
-    EXPECT_EQ(run.recorder.session.stop_flag, "no");
-    EXPECT_EQ(run.state.record_single, "no");
-    EXPECT_EQ(run.state.record_seconds, 1.0f);
+    EXPECT_EQ(run.recorded(), QList<int>({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10}));
+    EXPECT_EQ(run.selections, QList<int>({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 21, 10, 11, 9}));
+    EXPECT_EQ(run.shown.last(), "File: 01011");
+    EXPECT_EQ(run.colours.last(), SessionColour::idle);
+    EXPECT_EQ(run.session.recording_active, "no");
+    EXPECT_EQ(run.session.stop_flag, "no");
 }
 
 TEST(RecordingSession, ManyWordsEndNearTheBottomWithoutRecordingTheEleventh)
@@ -349,66 +278,59 @@ TEST(RecordingSession, ManyWordsEndNearTheBottomWithoutRecordingTheEleventh)
     SessionRun run(40);
     run.choose(25);
     run.run();
-    EXPECT_EQ(run.recorded(40), range(25, 34));
-    EXPECT_EQ(run.view.rows.value(kWithoutSounds), 35);
-    EXPECT_EQ(run.recorder.session.recording_active, "no");
+    EXPECT_EQ(run.recorded(), QList<int>({25, 26, 27, 28, 29, 30, 31, 32, 33, 34}));
+    EXPECT_EQ(run.row, 35);
 
     // Started on the last row: that word once, the selection unchanged.
     SessionRun last(3);
     last.choose(2);
     last.run();
-    EXPECT_EQ(last.recorded(3), QList<int>{2});
-    EXPECT_TRUE(last.view.selections.isEmpty());
+    EXPECT_EQ(last.recorded(), QList<int>{2});
+    EXPECT_TRUE(last.selections.isEmpty());
 }
 
 TEST(RecordingSession, SingleWordsAndRefusals)
 {
     SessionRun run(3);
-    Session& session = run.recorder.session;
     // No list clicked: the message, and recording_active left "yes".
     run.run();
-    EXPECT_EQ(run.recorder.prompts.texts(),
+    EXPECT_EQ(run.prompts.texts(),
               QStringList({"You have to select a word on one of the lists. If you just added the word and don't see "
                            "it, you need to click the refresh button and then look at the bottom of the list."}));
-    EXPECT_EQ(session.recording_active, "yes");
+    EXPECT_EQ(run.session.recording_active, "yes");
     EXPECT_EQ(run.state.record_seconds, 1.0f);
     run.state.selected_list_kind = kWithoutSounds;
     run.run();
-    EXPECT_EQ(run.recorder.prompts.texts().last(), "You have to select a word on one of the lists.");
-    EXPECT_TRUE(run.recorded(3).isEmpty());
+    EXPECT_EQ(run.prompts.texts().last(), "You have to select a word on one of the lists.");
+    EXPECT_TRUE(run.recorded().isEmpty());
 
     // A duration never set records 1.4 s over the old recording; the selection moves on, and stays on
     // the last row.
     run.choose(1);
     run.state.record_seconds = 0.0f;
     run.state.record_single = flags::kYes;
-    run.folder.write("languages/spanish/new_str/01/01001.str", "old");
+    run.folder.write(recordingOf(1), "old");
     run.run();
-    const qsizetype frames = opensslDecipher(run.folder, "languages/spanish/new_str/01/01001.str").size() / 2;
-    EXPECT_GE(frames, 29570);
-    EXPECT_LT(frames, 29570 + kRate / 50);
-    ASSERT_EQ(run.view.takes.size(), 1);
-    EXPECT_TRUE(run.view.takes[0].endsWith(" s, peak -30.3 dBFS")) << run.view.takes[0].toStdString();
-    EXPECT_EQ(run.view.rows.value(kWithoutSounds), 2);
-    start_recording(session, run.state, run.view, &run.guard, 0.8f, true);
-    EXPECT_EQ(run.view.rows.value(kWithoutSounds), 2);
-    EXPECT_EQ(run.recorded(3), QList<int>({1, 2}));
+    const qsizetype frames = opensslDecipher(run.folder, recordingOf(1)).size() / 2;
+    EXPECT_NEAR(frames, 29570 + kRate / 100, kRate / 100);
+    ASSERT_EQ(run.takes.size(), 1);
+    EXPECT_TRUE(run.takes[0].endsWith(" s, peak -30.3 dBFS")) << run.takes[0].toStdString();
+    EXPECT_EQ(run.row, 2);
+    run.start(0.8f, true);
+    EXPECT_EQ(run.row, 2);
+    EXPECT_EQ(run.recorded(), QList<int>({1, 2}));
 
     // STOP during the countdown records nothing and leaves the recordings made.
     run.choose(0);
-    run.recorder.clock.at(0.3, [&] { session.stop_flag = flags::kYes; });
-    start_recording(session, run.state, run.view, &run.guard, 1.0f, true);
-    EXPECT_EQ(run.recorded(3), QList<int>({1, 2}));
-    EXPECT_EQ(run.view.countdowns.last(), "2");
-    EXPECT_EQ(session.stop_flag, "no");
+    run.clock.at(0.3, [&] { run.session.stop_flag = flags::kYes; });
+    run.start(1.0f, true);
+    EXPECT_EQ(run.recorded(), QList<int>({1, 2}));
+    EXPECT_EQ(run.countdowns.last(), "2");
 }
 
 // ---- the record-and-edit window
 
 namespace {
-
-using quorvane::test::items;
-using quorvane::test::Program;
 
 const QString kLong61 = QString(61, 'a');
 const QString kLong60 = QString(60, 'b');
@@ -417,22 +339,16 @@ const QString kLong60 = QString(60, 'b');
 // sound number and three without a recording.
 MainWindow* openRecordCourse(Program& program)
 {
-    const QByteArray list = "palabra0|word0|01000\r\npalabra1|word1|01001\r\nsin numero|no number|\r\n"
-                            "palabra2|word2|01002\r\n" +
-                            kLong61.toLatin1() + "|long|01003\r\n" + kLong60.toLatin1() + "|sixty|01004\r\n";
-    program.folder.write("languages/spanish/words.txt", list);
+    program.folder.write(
+        "languages/spanish/words.txt",
+        "palabra0|word0|01000\r\npalabra1|word1|01001\r\nsin numero|no number|\r\npalabra2|word2|01002\r\n" +
+            kLong61.toLatin1() + "|long|01003\r\n" + kLong60.toLatin1() + "|sixty|01004\r\n");
     program.folder.write("languages/spanish/01/01000.mp3", "W0");
     program.folder.write("plain.tmp", repeated(1000, 100));
     program.folder.mkdir("languages/spanish/new_str/01");
-    encipher_file(program.folder.file("plain.tmp"), program.folder.file("languages/spanish/new_str/01/01001.str"));
+    encipher_file(program.folder.file("plain.tmp"), program.folder.file(recordingOf(1)));
     program.sound.microphone = repeated(1000, kRate * 31);
-    MainWindow* main = program.start("spanish");
-    return main;
-}
-
-RecordWindow* recordWindow()
-{
-    return static_cast<RecordWindow*>(quorvane::window("qvrecord"));
+    return program.start("spanish");
 }
 
 } // namespace
@@ -449,31 +365,30 @@ TEST(RecordWindow, SplitsTheListPlaysClickedWordsAndReturns)
 
     Program::choose(main->lists_list, "words");
     main->record_word_list->click();
-    RecordWindow* record = recordWindow();
+    auto* record = static_cast<RecordWindow*>(quorvane::window("qvrecord"));
     ASSERT_NE(record, nullptr);
     EXPECT_FALSE(main->isVisible());
     EXPECT_EQ(record->current_list->text(), "words");
-    EXPECT_EQ(items(record->span_list_w), QStringList({"palabra0", "palabra1"}));
-    EXPECT_EQ(items(record->eng_list_w), QStringList({"word0", "word1"}));
-    EXPECT_EQ(items(record->span_list_wo), QStringList({"palabra2", kLong61, kLong60}));
-    EXPECT_EQ(items(record->eng_list_wo), QStringList({"word2", "long", "sixty"}));
+    EXPECT_EQ(items(record->span_list_w) + items(record->eng_list_w),
+              QStringList({"palabra0", "palabra1", "word0", "word1"}));
+    EXPECT_EQ(items(record->span_list_wo) + items(record->eng_list_wo),
+              QStringList({"palabra2", kLong61, kLong60, "word2", "long", "sixty"}));
     EXPECT_EQ(record->words_with_sound->text(), "2 Words With Sound Files");
     EXPECT_EQ(record->words_without_sound->text(), "3 Words Without Sound Files");
 
     // A click on a translation selects and plays its word, from the new recording.
     select_row(record->eng_list_w, 1);
     EXPECT_EQ(record->span_list_w->currentRow(), 1);
-    EXPECT_EQ(record->left_word->text(), "palabra1");
-    EXPECT_EQ(record->right_word->text(), "word1");
-    EXPECT_EQ(record->filenum_lbl->text(), "File: 01001");
+    EXPECT_EQ(QStringList({record->left_word->text(), record->right_word->text(), record->filenum_lbl->text()}),
+              QStringList({"palabra1", "word1", "File: 01001"}));
     EXPECT_EQ(program.sound.played.last(), program.played("spanish/new_str/01/01001.wav"));
     EXPECT_FALSE(program.session().record_window_playing);
+    // A word of 61 letters is shown small and plain, one of 60 large and bold.
     select_row(record->span_list_wo, 1);
-    EXPECT_EQ(record->left_word->font().pointSize(), 8);
-    EXPECT_FALSE(record->left_word->font().bold());
+    EXPECT_EQ(std::pair(record->left_word->font().pointSize(), record->left_word->font().bold()), std::pair(8, false));
     select_row(record->span_list_wo, 2);
-    EXPECT_EQ(record->right_word->font().pointSize(), 10);
-    EXPECT_TRUE(record->right_word->font().bold());
+    EXPECT_EQ(std::pair(record->right_word->font().pointSize(), record->right_word->font().bold()),
+              std::pair(10, true));
     EXPECT_EQ(record->state.current_sound_number, "01004");
 
     // The speed button says what it does before it does it.
@@ -499,7 +414,7 @@ TEST(RecordWindow, SplitsTheListPlaysClickedWordsAndReturns)
     EXPECT_EQ(program.prompts.texts().last(), "The action has been cancelled.");
 
     record->exit_button->click();
-    EXPECT_EQ(recordWindow(), nullptr);
+    EXPECT_EQ(quorvane::window("qvrecord"), nullptr);
     EXPECT_TRUE(main->isVisible());
     EXPECT_EQ(program.session().stop_flag, "yes");
 }
@@ -513,11 +428,10 @@ TEST(RecordWindow, RecordsOneWordAndClosingStopsASession)
     // number still stands: row 3 shows the 61-letter word, index 3 is palabra2.
     select_row(main->words_list, 3);
     main->record_word_word->click();
-    RecordWindow* record = recordWindow();
+    auto* record = static_cast<RecordWindow*>(quorvane::window("qvrecord"));
     ASSERT_NE(record, nullptr);
     EXPECT_EQ(record->words_with_sound->text(), "Words With Sound Files");
-    EXPECT_EQ(items(record->span_list_wo), QStringList({"palabra2"}));
-    EXPECT_TRUE(items(record->span_list_w).isEmpty());
+    EXPECT_EQ(items(record->span_list_wo) + items(record->span_list_w), QStringList({"palabra2"}));
 
     // Countdown and recording through the window's buttons; the take's level shows beside the number.
     select_row(record->span_list_wo, 0);
@@ -526,17 +440,17 @@ TEST(RecordWindow, RecordsOneWordAndClosingStopsASession)
         program.clock.at(at, [&] { countdowns.append(record->countdown->text()); });
     record->one_single->click();
     EXPECT_EQ(countdowns, QStringList({"2", "1", "Speak"}));
-    EXPECT_TRUE(program.folder.exists("languages/spanish/new_str/01/01002.str"));
+    EXPECT_TRUE(program.folder.exists(recordingOf(2)));
     EXPECT_TRUE(record->take_level_lbl->text().endsWith("dBFS"));
     EXPECT_EQ(record->countdown->text(), "");
     EXPECT_EQ(program.session().recording_active, "no");
 
     // The close box is served during a session's countdown: it ends, nothing more is recorded.
-    QFile::remove(program.folder.file("languages/spanish/new_str/01/01002.str"));
+    QFile::remove(program.folder.file(recordingOf(2)));
     QPointer<RecordWindow> closing = record;
     program.clock.at(0.3, [&] { record->close(); });
     record->five_many->click();
-    EXPECT_FALSE(program.folder.exists("languages/spanish/new_str/01/01002.str"));
+    EXPECT_FALSE(program.folder.exists(recordingOf(2)));
     EXPECT_TRUE(main->isVisible());
     EXPECT_EQ(program.session().recording_active, "no");
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
