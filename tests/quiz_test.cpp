@@ -251,16 +251,15 @@ TEST(QuizWindow, TypedAnswersAreJudgedOnEnterOrAsTheyStandAtTheEnd)
     Program p;
     openCourse(p);
     TestWindow* t = openTest(p, &TestWindow::fill_in_blank, "3", "1");
-    QStringList feedback;
+    QString feedback;
     p.clock.at(0.2, [&] { typeAnswer(t, shownTranslation(t), true); });
     p.clock.at(0.5, [&] { typeAnswer(t, "wor", false); });
-    p.clock.at(2.2, [&] { feedback.append(t->previous_word->text()); });
+    p.clock.at(2.2, [&] { feedback = t->previous_word->text(); });
     t->begin_test->click();
 
-    ASSERT_EQ(p.prompts.shown.size(), 2); // the name box, then one right answer
-    EXPECT_TRUE(p.prompts.shown[1].text.contains(QRegularExpression("^(word\\d) found in \\1$")));
-    ASSERT_EQ(feedback.size(), 1);
-    EXPECT_TRUE(feedback[0].endsWith("\rnot wor")) << feedback[0].toStdString();
+    // After the name box, one right answer.
+    EXPECT_TRUE(p.prompts.texts().mid(1).join('|').contains(QRegularExpression("^(word\\d) found in \\1$")));
+    EXPECT_TRUE(feedback.endsWith("\rnot wor")) << feedback.toStdString();
     EXPECT_TRUE(t->previous_word->text().endsWith("\rnot ")) << t->previous_word->text().toStdString();
     EXPECT_EQ(p.folder.read("test_results.txt"),
               resultLine(t, "kestrin\tspanish\twords\t3\t33%\t00:03 \tFill In Blank\tText Only"));
