@@ -7,16 +7,10 @@
 #include "store/word_files.h"
 #include "test_support.h"
 
-#include <QDate>
-#include <QLabel>
-#include <QLineEdit>
-#include <QLocale>
-#include <QPlainTextEdit>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QRadioButton>
-#include <QSet>
 #include <QTest>
+#include <QtWidgets>
 
 #include <gtest/gtest.h>
 
@@ -25,13 +19,10 @@ using namespace quorvane::test;
 
 namespace {
 
-const QColor kOrange(255, 128, 0);
-
 TestWindow* testWindow()
 {
     return qobject_cast<TestWindow*>(window("test"));
 }
-
 TestResultsWindow* resultsWindow()
 {
     return qobject_cast<TestResultsWindow*>(window("test_results"));
@@ -73,13 +64,10 @@ void clickChoice(TestWindow* t, const QString& caption)
     ADD_FAILURE() << "no choice " << caption.toStdString();
 }
 
+// Typed into the box, then Enter pressed as a keyboard would.
 void typeAnswer(TestWindow* t, const QString& text, bool enter)
 {
-    // Typed as a keyboard would; keys beyond ASCII go in as the text they make.
-    if (text.contains(QRegularExpression("[^\\x00-\\x7f]")))
-        t->Text1->insert(text);
-    else
-        QTest::keyClicks(t->Text1, text);
+    t->Text1->insert(text);
     if (enter)
         QTest::keyClick(t->Text1, Qt::Key_Return);
 }
@@ -87,14 +75,6 @@ void typeAnswer(TestWindow* t, const QString& text, bool enter)
 QByteArray resultLine(const TestWindow* t, const QString& fields)
 {
     return (fields + "\t" + us_date_time(t->state().start_time) + "\r\n").toLatin1();
-}
-
-QStringList questionArea(const TestWindow* t)
-{
-    QStringList texts = {t->Text1->text(), t->remaining->text(), t->time_remaining->text()};
-    for (const QPushButton* choice : {t->c1, t->c2, t->c3, t->c4, t->c5, t->c6})
-        texts.append(choice->text());
-    return texts;
 }
 
 } // namespace
@@ -105,23 +85,18 @@ TEST(QuizJudging, TypingRulesFoldingScoresAndTimes)
         EXPECT_TRUE(typed_answer_found(right, "to go, to walk")) << right;
     for (const char* wrong : {"walks", "", "To go", "to walk,"})
         EXPECT_FALSE(typed_answer_found(wrong, "to go, to walk")) << wrong;
-    EXPECT_TRUE(typed_answer_found("house", "house (building)"));
-    EXPECT_TRUE(typed_answer_found("home", "home/house"));
-    EXPECT_TRUE(typed_answer_found("home", "home\\house"));
+    for (const char* expected : {"home (building)", "home/house", "home\\house"})
+        EXPECT_TRUE(typed_answer_found("home", expected)) << expected;
 
     EXPECT_EQ(fold_accents(QString::fromLatin1("\xe0\xe1\xe3\xe8\xe9\xec\xed\xf1\xf2\xf3\xf5\xf6")), "aaaeeiinoooo");
     EXPECT_EQ(fold_accents(QString::fromLatin1("\xe2\xfa\xc1\xd1 ni\xf1o")),
               QString::fromLatin1("\xe2\xfa\xc1\xd1 nino"));
 
-    EXPECT_EQ(score_percent(2, 3), 67);
-    EXPECT_EQ(score_percent(1, 8), 13);
-    EXPECT_EQ(score_percent(7, 10), 70);
-    EXPECT_EQ(score_percent(0, 0), 0);
-
-    EXPECT_EQ(duration_text(3 * 60 + 25), "03:25 ");
-    EXPECT_EQ(duration_text(3600 + 3 * 60 + 25), "1:03:25 ");
-    EXPECT_EQ(duration_text(12 * 60 + 12), "12 ");
-    EXPECT_EQ(duration_text(13 * 3600 + 5), "1:00:05 PM");
+    EXPECT_EQ(QList<int>({score_percent(2, 3), score_percent(1, 8), score_percent(7, 10), score_percent(0, 0)}),
+              QList<int>({67, 13, 70, 0}));
+    EXPECT_EQ(QStringList({duration_text(3 * 60 + 25), duration_text(3600 + 3 * 60 + 25), duration_text(12 * 60 + 12),
+                           duration_text(13 * 3600 + 5)}),
+              QStringList({"03:25 ", "1:03:25 ", "12 ", "1:00:05 PM"}));
     EXPECT_EQ(us_date_time(QDateTime(QDate(2007, 3, 14), QTime(14, 14, 7))), "3/14/2007 2:14:07 PM");
     EXPECT_EQ(us_date_time(QDateTime(QDate(2007, 11, 4), QTime(0, 5, 0))), "11/4/2007 12:05:00 AM");
 }
@@ -140,38 +115,26 @@ TEST(QuizWindow, LoadsItsSetUpAndRefusesWhatCannotStart)
     TestWindow* t = testWindow();
     ASSERT_NE(t, nullptr);
     EXPECT_FALSE(p.main()->isVisible());
-    EXPECT_EQ(t->windowTitle(), "Test");
     EXPECT_EQ(QStringList({t->language_name->text(), t->list_name->text(), t->user_name->text()}),
               QStringList({"Language: spanish", "List Name: words", "Username: kestrin"}));
     EXPECT_EQ(items(t->list1), QStringList({"All Words on Selected List", "Unkown Words on Selected List"}));
     EXPECT_EQ(items(t->List2), QStringList({"Show the text of the word", "Play the sound of the word", "Both"}));
     EXPECT_EQ(std::pair(t->list1->currentRow(), t->List2->currentRow()), std::pair(0, 0));
-    EXPECT_EQ(QStringList({t->multiple_choice->text(), t->spelling->text(), t->fill_in_blank->text()}),
-              QStringList({"Multiple Coice", "Spelling Only", "Fill In The Blank"}));
-    EXPECT_EQ(captions(t, {"begin_test", "stop", "exit"}), QStringList({"Begin Test", "Stop Test", "Exit"}));
     t->spelling->click();
     EXPECT_FALSE(t->List2->isVisible() || t->Label2->isVisible());
     t->fill_in_blank->click();
     EXPECT_TRUE(t->List2->isVisible() && t->Label2->isVisible());
 
-    const struct
-    {
-        const char* questions;
-        const char* seconds;
-        const char* message;
-    } refusals[] = {
-        {"", "5", "The number of questions must be a number greater than 0."},
-        {"abc", "5", "The number of questions must be a number greater than 0."},
-        {"-3", "0", "The number of seconds per question must be a number greater than 0."},
-    };
-    for (const auto& r : refusals) {
+    const QString noQuestions = "The number of questions must be a number greater than 0.";
+    for (const auto& [questions, seconds, message] :
+         {std::tuple("", "5", noQuestions), std::tuple("abc", "5", noQuestions),
+          std::tuple("-3", "0", QString("The number of seconds per question must be a number greater than 0."))}) {
         p.prompts.shown.clear();
-        t->num_qs->setText(r.questions);
-        t->num_secs->setText(r.seconds);
+        t->num_qs->setText(questions);
+        t->num_secs->setText(seconds);
         t->begin_test->click();
-        EXPECT_EQ(p.prompts.texts(), QStringList({r.message})) << r.questions;
+        EXPECT_EQ(p.prompts.texts(), QStringList({message})) << questions;
     }
-    EXPECT_TRUE(t->Text1->isVisible());
 
     // An unknown file with no entries left: nothing to ask.
     p.folder.write("users/kestrin/spanish/words-u.txt", "not an entry\r\n");
@@ -179,8 +142,7 @@ TEST(QuizWindow, LoadsItsSetUpAndRefusesWhatCannotStart)
     t->num_secs->setText("1");
     p.prompts.shown.clear();
     t->begin_test->click();
-    ASSERT_EQ(p.prompts.texts().size(), 1);
-    EXPECT_TRUE(p.prompts.texts().first().startsWith("The chosen word list has no words"));
+    EXPECT_TRUE(p.prompts.texts().value(0).startsWith("The chosen word list has no words"));
 
     // A negative count runs until stopped; Exit ends it without results and brings the main window back.
     select_row(t->list1, 0);
@@ -208,16 +170,13 @@ TEST(QuizWindow, MultipleChoiceCountsDownJudgesStopsAndContinuesCounting)
     openCourse(p);
     TestWindow* t = openTest(p, &TestWindow::multiple_choice, "3", "2");
     QStringList firstTick;
-    QString firstWord;
-    QStringList feedback;
-    QList<QColor> backgrounds;
+    QStringList feedback; // each as its text, then its background
     auto feedbackNow = [&] {
-        feedback.append(t->previous_word->text());
-        backgrounds.append(t->previous_word->palette().color(QPalette::Window));
+        feedback << t->previous_word->text() << t->previous_word->palette().color(QPalette::Window).name();
     };
     p.clock.at(0.15, [&] {
-        firstWord = t->test_word->text();
-        firstTick = {t->remaining->text(), t->time_remaining->text(), QString::number(t->Text1->isVisible())};
+        firstTick = {t->remaining->text(), t->time_remaining->text(), QString::number(t->Text1->isVisible()),
+                     t->test_word->text()};
     });
     // The first question runs out unanswered (19/20 of 2 s and 0.5 s); the second is answered, the
     // third stopped.
@@ -232,14 +191,18 @@ TEST(QuizWindow, MultipleChoiceCountsDownJudgesStopsAndContinuesCounting)
     });
     t->begin_test->click();
 
+    ASSERT_EQ(firstTick.size(), 4);
+    const QString firstWord = firstTick.takeLast();
     EXPECT_EQ(firstTick, QStringList({"1 of 3", QString(18, '='), "0"}));
-    ASSERT_EQ(feedback.size(), 2);
-    EXPECT_EQ(feedback[0], firstWord + " = word" + firstWord.mid(7) + "\rnot ");
-    EXPECT_EQ(backgrounds[0], kOrange);
-    EXPECT_TRUE(feedback[1].startsWith("palabra") && !feedback[1].contains('\r')) << feedback[1].toStdString();
-    EXPECT_NE(backgrounds[1], kOrange);
+    ASSERT_EQ(feedback.size(), 4);
+    EXPECT_EQ(feedback.mid(0, 2), QStringList({firstWord + " = word" + firstWord.mid(7) + "\rnot ", "#ff8000"}));
+    EXPECT_TRUE(feedback[2].startsWith("palabra") && !feedback[2].contains('\r')) << feedback[2].toStdString();
+    EXPECT_NE(feedback[3], "#ff8000");
     EXPECT_EQ(t->test_word->text(), "Test finished in 00:03 \r1 of 2 correct 50%");
-    EXPECT_EQ(questionArea(t), QStringList(9, QString()));
+    QStringList area = {t->Text1->text(), t->remaining->text(), t->time_remaining->text()};
+    for (const QPushButton* choice : {t->c1, t->c2, t->c3, t->c4, t->c5, t->c6})
+        area.append(choice->text());
+    EXPECT_EQ(area, QStringList(9, QString()));
     const QByteArray first = resultLine(t, "kestrin\tspanish\twords\t2\t50%\t00:03 \tMultiple Choice\tText Only");
     EXPECT_EQ(p.folder.read("test_results.txt"), first);
 
@@ -256,7 +219,7 @@ TEST(QuizWindow, MultipleChoiceCountsDownJudgesStopsAndContinuesCounting)
     EXPECT_TRUE(p.sound.played.isEmpty());
 }
 
-TEST(QuizWindow, BeginTestDuringATestEndsItWithoutResultsAndBeginsAgain)
+TEST(QuizWindow, BeginTestDuringATestBeginsAgainAndAResultsFileThatCannotBeWrittenIsSaid)
 {
     Program p;
     openCourse(p);
@@ -271,6 +234,16 @@ TEST(QuizWindow, BeginTestDuringATestEndsItWithoutResultsAndBeginsAgain)
     EXPECT_EQ(remaining, "2 of 2");
     EXPECT_EQ(p.folder.read("test_results.txt"),
               resultLine(t, "kestrin\tspanish\twords\t1\t0%\t00:00 \tMultiple Choice\tText Only"));
+
+    // Begun again, the last question is answered but its result cannot be added: that is said and
+    // the window stays usable.
+    QFile::remove(p.folder.file("test_results.txt"));
+    p.folder.mkdir("test_results.txt");
+    p.prompts.shown.clear();
+    p.clock.at(0.2, [&] { clickChoice(t, shownTranslation(t)); });
+    t->begin_test->click();
+    EXPECT_TRUE(p.prompts.texts().value(0).startsWith("The test result could not be added to "));
+    EXPECT_TRUE(t->isVisible() && t->begin_test->isEnabled());
 }
 
 TEST(QuizWindow, TypedAnswersAreJudgedOnEnterOrAsTheyStandAtTheEnd)
@@ -278,16 +251,15 @@ TEST(QuizWindow, TypedAnswersAreJudgedOnEnterOrAsTheyStandAtTheEnd)
     Program p;
     openCourse(p);
     TestWindow* t = openTest(p, &TestWindow::fill_in_blank, "3", "1");
-    QStringList feedback;
+    QString feedback;
     p.clock.at(0.2, [&] { typeAnswer(t, shownTranslation(t), true); });
     p.clock.at(0.5, [&] { typeAnswer(t, "wor", false); });
-    p.clock.at(2.2, [&] { feedback.append(t->previous_word->text()); });
+    p.clock.at(2.2, [&] { feedback = t->previous_word->text(); });
     t->begin_test->click();
 
-    ASSERT_EQ(p.prompts.shown.size(), 2); // the name box, then one right answer
-    EXPECT_TRUE(p.prompts.shown[1].text.contains(QRegularExpression("^(word\\d) found in \\1$")));
-    ASSERT_EQ(feedback.size(), 1);
-    EXPECT_TRUE(feedback[0].endsWith("\rnot wor")) << feedback[0].toStdString();
+    // After the name box, one right answer.
+    EXPECT_TRUE(p.prompts.texts().mid(1).join('|').contains(QRegularExpression("^(word\\d) found in \\1$")));
+    EXPECT_TRUE(feedback.endsWith("\rnot wor")) << feedback.toStdString();
     EXPECT_TRUE(t->previous_word->text().endsWith("\rnot ")) << t->previous_word->text().toStdString();
     EXPECT_EQ(p.folder.read("test_results.txt"),
               resultLine(t, "kestrin\tspanish\twords\t3\t33%\t00:03 \tFill In Blank\tText Only"));
@@ -326,34 +298,19 @@ TEST(QuizWindow, SpellingIsBySoundFoldsOnlyTheExpectedWordAndAMissingRecordingCa
     t = openTest(p, &TestWindow::fill_in_blank, "2", "1", 1);
     p.prompts.shown.clear();
     t->begin_test->click();
-    const QString missing =
-        "okCancel||Sound file for this word was not found.  Click OK to go to next word or Cancel to stop test.";
-    EXPECT_EQ(boxes(p.prompts), QStringList({missing, missing}));
+    EXPECT_EQ(boxes(p.prompts), QStringList(2, "okCancel||Sound file for this word was not found.  Click OK to go to "
+                                               "next word or Cancel to stop test."));
     EXPECT_TRUE(p.folder.read("test_results.txt")
                     .endsWith("\tcolours\t0\t0%\t00:00 \tFill In Blank\tSound Only\t" +
                               us_date_time(t->state().start_time).toLatin1() + "\r\n"));
 }
 
-TEST(QuizWindow, AResultsFileThatCannotBeWrittenIsSaidAndTheWindowStaysUsable)
-{
-    Program p;
-    openCourse(p);
-    p.folder.mkdir("test_results.txt");
-    TestWindow* t = openTest(p, &TestWindow::multiple_choice, "1", "1");
-    p.clock.at(0.2, [&] { clickChoice(t, shownTranslation(t)); });
-    t->begin_test->click();
-    ASSERT_EQ(p.prompts.texts().size(), 2);
-    EXPECT_TRUE(p.prompts.texts()[1].startsWith("The test result could not be added to "));
-    EXPECT_EQ(t->test_word->text(), "Test finished in 00:00 \r1 of 1 correct 100%");
-    EXPECT_TRUE(t->isVisible() && t->begin_test->isEnabled());
-}
-
 TEST(QuizResults, MainWindowButtonsFillTheResultsWindowWhichSavesAndPrints)
 {
+    // A word of 15 characters is padded to 17, one of 16 is not.
     Program p;
-    openCourse(p, 2);
-    MainWindow* main = p.main();
-    Program::choose(main->lang_list, "spanish");
+    p.folder.write("languages/spanish/words.txt", QByteArray(15, 'a') + "|x|1\r\n" + QByteArray(16, 'b') + "|y|2\r\n");
+    MainWindow* main = p.start("spanish");
     main->print_list_click();
     main->show_test_results_click();
     EXPECT_EQ(p.prompts.texts().mid(1),
@@ -363,28 +320,16 @@ TEST(QuizResults, MainWindowButtonsFillTheResultsWindowWhichSavesAndPrints)
 
     select_row(main->lists_list, 0);
     main->print_list_click();
-    const Session& s = p.session();
+    Session& s = p.session();
     const QString date = QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat);
-    EXPECT_EQ(s.report_text, "User: kestrin List: " + s.shown_file + "  " + date + "\r\n" + "\r\npalabra0" +
-                                 QString(9, ' ') + "\tword0\r\npalabra1" + QString(9, ' ') + "\tword1\r\n" +
-                                 QString(17, ' ') + "\t");
+    EXPECT_EQ(s.report_text, "User: kestrin List: " + s.shown_file + "  " + date + "\r\n\r\n" + QString(15, 'a') +
+                                 "  \tx\r\n" + QString(16, 'b') + "\ty\r\n" + QString(17, ' ') + "\t");
     TestResultsWindow* results = resultsWindow();
     ASSERT_NE(results, nullptr);
-    EXPECT_EQ(results->windowTitle(), "Test Results");
     EXPECT_TRUE(main->isVisible());
-    EXPECT_TRUE(results->Label1->text().startsWith("These text can be saved"));
     results->close();
 
-    // A word of 15 characters is padded to 17, one of 16 is not.
-    Session& session = p.session();
-    session.words = {QString(15, 'a'), QString(16, 'b'), QString()};
-    session.translations = {"x", "y", QString()};
-    EXPECT_TRUE(list_report(session, QDate(2007, 3, 14))
-                    .endsWith("\r\n" + QString(15, 'a') + "  \tx\r\n" + QString(16, 'b') + "\ty\r\n" +
-                              QString(17, ' ') + "\t"));
-
     // A student's own record is read line by line, each line ended with CR LF.
-    EXPECT_EQ(read_student_record("kestrin"), "");
     p.folder.write("users/kestrin_test.txt", "a\tb\nc");
     EXPECT_EQ(read_student_record("kestrin"), "a\tb\r\nc\r\n");
 
@@ -407,8 +352,7 @@ TEST(QuizResults, MainWindowButtonsFillTheResultsWindowWhichSavesAndPrints)
     if (QPrinterInfo::defaultPrinter().isNull()) {
         p.prompts.shown.clear();
         results->print_test_results->click();
-        ASSERT_EQ(p.prompts.texts().size(), 1);
-        EXPECT_TRUE(p.prompts.texts().first().startsWith("No printer is installed"));
+        EXPECT_TRUE(p.prompts.texts().value(0).startsWith("No printer is installed"));
     }
 
     // Saving: a path that cannot be written is said and the window stays; a good one closes it.
@@ -419,7 +363,6 @@ TEST(QuizResults, MainWindowButtonsFillTheResultsWindowWhichSavesAndPrints)
     results->save_and_exit->click();
     EXPECT_EQ(resultsWindow(), nullptr);
     EXPECT_EQ(p.folder.read("saved.txt"), record + record + "\r\n");
-    EXPECT_EQ(p.prompts.shown.last().title, "Save File");
 }
 
 TEST(QuizResults, OnTheRealClockSixChoicesDrawnInARowDiffer)
