@@ -1,6 +1,8 @@
 #include "bench_support.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
 
 #include <benchmark/benchmark.h>
 
@@ -15,6 +17,14 @@ std::vector<std::function<void()>>& endActions()
     return actions;
 }
 } // namespace
+
+void writeFile(const QString& path, const QByteArray& bytes)
+{
+    QDir().mkpath(path.left(path.lastIndexOf('/')));
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot write %s", qPrintable(path));
+}
 
 void atEnd(std::function<void()> action)
 {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QByteArray>
+#include <QString>
+
 #include <functional>
 
 namespace quorvane::bench {
@@ -7,5 +10,8 @@ namespace quorvane::bench {
 // Runs action after the last benchmark, while the application still exists: for fixtures that
 // several benchmarks share and that hold windows.
 void atEnd(std::function<void()> action);
+
+// Writes a file of a benchmark's program folder, making its folder; stops the run when it cannot.
+void writeFile(const QString& path, const QByteArray& bytes);
 
 } // namespace quorvane::bench

@@ -6,6 +6,8 @@
 
 #include "quorvane/testing.h"
 
+#include "bench_support.h"
+
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -87,15 +89,6 @@ QByteArray englishMaster(int count)
     return bytes;
 }
 
-void writeFile(const QString& path, const QByteArray& bytes)
-{
-    QDir().mkpath(path.left(path.lastIndexOf('/')));
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        qFatal("cannot write %s", qPrintable(path));
-    file.write(bytes);
-}
-
 // A main window on a program folder holding spanish, paired with english, each with a master.
 struct BenchWindow
 {
@@ -107,9 +100,9 @@ struct BenchWindow
 
     BenchWindow(const QByteArray& spanish, const QByteArray& english)
     {
-        writeFile(folder.path() + "/languages/spanish/master_spanish.txt", spanish);
-        writeFile(folder.path() + "/languages/spanish/trans_spanish.dat", "english\r\n");
-        writeFile(folder.path() + "/languages/english/master_english.txt", english);
+        bench::writeFile(folder.path() + "/languages/spanish/master_spanish.txt", spanish);
+        bench::writeFile(folder.path() + "/languages/spanish/trans_spanish.dat", "english\r\n");
+        bench::writeFile(folder.path() + "/languages/english/master_english.txt", english);
         window.reset(start(folder.path(), &prompts, &sound, &clock));
         select_row(main()->lang_list, 1);
     }

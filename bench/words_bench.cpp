@@ -5,6 +5,8 @@
 
 #include "quorvane/testing.h"
 
+#include "bench_support.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -28,15 +30,6 @@ QByteArray generatedList(int entries)
     return bytes;
 }
 
-void writeFile(const QString& path, const QByteArray& bytes)
-{
-    QDir().mkpath(path.left(path.lastIndexOf('/')));
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        qFatal("cannot write %s", qPrintable(path));
-    file.write(bytes);
-}
-
 // A main window on a program folder whose one spanish list holds the given bytes.
 struct BenchWindow
 {
@@ -48,7 +41,7 @@ struct BenchWindow
 
     explicit BenchWindow(const QByteArray& list)
     {
-        writeFile(folder.path() + "/languages/spanish/big.txt", list);
+        bench::writeFile(folder.path() + "/languages/spanish/big.txt", list);
         window.reset(start(folder.path(), &prompts, &sound, &clock));
     }
     MainWindow* main() const { return static_cast<MainWindow*>(window.get()); }
@@ -96,7 +89,7 @@ void BM_DoubleClickMove(benchmark::State& state)
     const int row = static_cast<int>(state.range(0)) / 2;
     for (auto _ : state) {
         state.PauseTiming();
-        writeFile(bench.unknownFile(), list);
+        bench::writeFile(bench.unknownFile(), list);
         QFile::remove(bench.knownFile());
         select_row(main->lists_list, 0);
         main->words_list->setRowQuietly(row);

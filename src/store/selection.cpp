@@ -16,18 +16,16 @@ LanguageLists choose_language(Session& session, const QString& language)
 {
     const QString& languages = session.languages_folder;
     const QString transFile = paths::transFile(languages, language);
-    // Everything that can fail on a table limit is done before anything changes.
+    // The pairing file is the one thing that can fail on a table limit, so it is loaded first; the
+    // loader leaves the table untouched when it throws, so nothing has changed then.
     const bool paired = QFileInfo::exists(transFile);
     QString target;
     QString indexFile;
-    QStringList pairings;
     if (paired) {
         target = readFirstLine(transFile);
         indexFile = paths::transIndexFile(languages, language, target);
-        if (QFileInfo::exists(indexFile)) {
-            pairings = session.target_sound_numbers;
-            load_trans_index(indexFile, pairings);
-        }
+        if (QFileInfo::exists(indexFile))
+            load_trans_index(indexFile, session.target_sound_numbers);
     }
 
     session.shown_file.clear();
@@ -52,8 +50,6 @@ LanguageLists choose_language(Session& session, const QString& language)
     session.target_language = target;
     session.target_master_file = paths::masterFile(languages, target);
     session.trans_index_file = indexFile;
-    if (!pairings.isEmpty())
-        session.target_sound_numbers = std::move(pairings);
     return result;
 }
 

@@ -13,6 +13,8 @@
 #include <QSet>
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace quorvane {
 
@@ -271,13 +273,19 @@ std::optional<QString> translation_sound_number(const Session& session, const QS
 
 QStringList scan_folder(const QString& folder)
 {
-    QStringList names =
+    const QStringList found =
         QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Unsorted);
     // A Windows file system compares names upper-cased, code by code: "_" comes after the letters.
-    std::sort(names.begin(), names.end(), [](const QString& a, const QString& b) {
-        const int order = QString::compare(a.toUpper(), b.toUpper(), Qt::CaseSensitive);
-        return order != 0 ? order < 0 : a < b;
-    });
+    // Each name is upper-cased once, not at every comparison.
+    std::vector<std::pair<QString, QString>> keyed;
+    keyed.reserve(found.size());
+    for (const QString& name : found)
+        keyed.emplace_back(name.toUpper(), name);
+    std::sort(keyed.begin(), keyed.end());
+    QStringList names;
+    names.reserve(found.size());
+    for (auto& [key, name] : keyed)
+        names.append(std::move(name));
     return names;
 }
 
