@@ -3,7 +3,7 @@
 BUILD ?= build
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 
-# Debian packages the build, the tests and a real window need.
+# Debian packages the build, the tests and a real window need. Each feature adds its own line.
 PACKAGES := cmake ninja-build g++ pkg-config qt6-base-dev libqt6opengl6-dev libgl1-mesa-dev \
 	libsdl2-dev libsdl2-mixer-dev libssl-dev openssl libzip-dev libgtest-dev libbenchmark-dev \
 	ffmpeg sox libsox-fmt-mp3 lame xvfb xauth poppler-utils unzip clang-format fonts-dejavu-core fonts-liberation
