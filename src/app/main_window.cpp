@@ -138,6 +138,7 @@ void MainWindow::buildControls()
         button->setMinimumHeight(30);
         right->addWidget(button);
     }
+    buildReview(right);
     right->addStretch(1);
     right->addWidget(exit_program);
 
@@ -179,6 +180,9 @@ void MainWindow::buildMenus()
     About1 = addItem(help, QStringLiteral("About1"));
     QMenu* contributors = addMenu(QStringLiteral("Contributors"));
     pair_recordings = addItem(contributors, QStringLiteral("pair_recordings"));
+    QMenu* tools = addMenu(QStringLiteral("Tools"));
+    Progress = addItem(tools, QStringLiteral("Progress"));
+    review_settings = addItem(tools, QStringLiteral("review_settings"));
 }
 
 void MainWindow::wireHandlers()
@@ -209,6 +213,9 @@ void MainWindow::wireHandlers()
     connect(test_me, &QPushButton::clicked, this, &MainWindow::test_me_click);
     connect(show_test_results, &QPushButton::clicked, this, &MainWindow::show_test_results_click);
     connect(print_list, &QPushButton::clicked, this, &MainWindow::print_list_click);
+    connect(review_due, &QPushButton::clicked, this, &MainWindow::review_due_click);
+    connect(Progress, &QAction::triggered, this, &MainWindow::Progress_click);
+    connect(review_settings, &QAction::triggered, this, &MainWindow::review_settings_click);
 }
 
 void MainWindow::guarded(const std::function<void()>& handler)
@@ -242,6 +249,7 @@ void MainWindow::show_word_count(const QString& caption)
 void MainWindow::show_main_window()
 {
     show();
+    update_due_label();
 }
 
 void MainWindow::toggle_font_click()

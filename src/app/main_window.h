@@ -12,6 +12,7 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QAction;
+class QLayout;
 
 namespace quorvane {
 
@@ -152,6 +153,26 @@ public:
 
 private:
     MasterCache m_masterCache;
+
+    // Spaced review and progress (main_window_review.cpp).
+public:
+    QPushButton* review_due;
+    QLabel* due_lbl;
+    QAction* Progress;
+    QAction* review_settings;
+public slots:
+    // Runs the large flash cards over the chosen list's due words, then new words.
+    void review_due_click();
+    void Progress_click();
+    void review_settings_click();
+    // due_lbl: how many words of the chosen list are due today.
+    void update_due_label();
+
+private:
+    void buildReview(QLayout* buttons);
+    // arraysFresh: the word arrays were just read from the shown file, so they can be counted
+    // instead of the unknown file when it is the one shown.
+    void showDueCount(bool arraysFresh);
 };
 
 } // namespace quorvane

@@ -145,6 +145,7 @@ void MainWindow::showList(ListBox* box, bool known)
     const QColor wordsColour = fromBgr(known ? kKnownWordsBgr : kUnknownWordsBgr);
     setTextColour(words_list, QPalette::Text, wordsColour);
     setTextColour(words_liste, QPalette::Text, wordsColour);
+    showDueCount(true);
 }
 
 void MainWindow::display_words()
@@ -224,6 +225,7 @@ void MainWindow::words_list_dblclick()
         if (words_liste->currentRow() != words_list->currentRow())
             select_row(words_liste, words_list->currentRow());
         Label8->setText(texts::wordsCaption(s.wordCount()));
+        showDueCount(true);
     });
 }
 

@@ -1,6 +1,7 @@
 #include "app/texts.h"
 
 #include "core/product.h"
+#include "review/texts.h"
 #include "store/search_texts.h"
 
 #include <QHash>
@@ -53,6 +54,9 @@ QString caption(const QString& name)
         {QStringLiteral("toggle_font"), increaseFont()},
         {QStringLiteral("Contributors"), search_texts::pairingMenu()},
         {QStringLiteral("pair_recordings"), search_texts::pairingItem()},
+        {QStringLiteral("Tools"), review_texts::kToolsMenu},
+        {QStringLiteral("Progress"), review_texts::kProgressItem},
+        {QStringLiteral("review_settings"), review_texts::kSettingsItem},
     };
     return captions.value(name);
 }

@@ -38,6 +38,11 @@ double QtClock::timer()
     return fineTimeOfDay();
 }
 
+QDateTime QtClock::dateTime()
+{
+    return QDateTime::currentDateTime();
+}
+
 void QtClock::processEvents()
 {
     QAbstractEventDispatcher* dispatcher = QAbstractEventDispatcher::instance();

@@ -5,11 +5,16 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
 namespace quorvane {
 
 class Prompts;
 class SoundLibrary;
 class Clock;
+namespace review {
+class ReviewBook;
+}
 
 // Number of slots of the pairing table: one per possible sound number.
 constexpr int kSoundNumberSlots = 100000;
@@ -79,6 +84,12 @@ public:
     int sound_channel = 0;
 
     QString report_text;
+
+    // Spaced review, kept for the life of the process: the chance of recall a review is due at,
+    // the new words a day may bring, and the review log as last replayed (review/).
+    double desired_retention = 0.9;
+    int new_words_per_day = 20;
+    std::shared_ptr<review::ReviewBook> review_book;
 
     // Number of entries held by the word arrays (their highest index).
     int wordCount() const { return static_cast<int>(words.size()) - 1; }

@@ -39,6 +39,7 @@ constexpr double kSilencePiece = 0.2;
 // Consecutive missing recordings after which the small card gives up.
 constexpr qint16 kMostMissingSounds = 7;
 constexpr float kTranslationWait = 0.01f;
+constexpr float kGradeWait = 0.1f;
 
 struct Rules
 {
@@ -83,10 +84,15 @@ public:
                 }
                 m_session.skip_flag.clear();
                 count = m_session.wordCount();
-                // A list of one word plays nothing; an empty list has nothing to draw from.
-                if (count <= 1)
-                    return;
-                draw_card(m_session, count);
+                if (m_view.reviewing()) {
+                    if (!nextReviewCard())
+                        return;
+                } else {
+                    // A list of one word plays nothing; an empty list has nothing to draw from.
+                    if (count <= 1)
+                        return;
+                    draw_card(m_session, count);
+                }
             }
             drawFirst = true;
             if (playCard(count) == Step::end)
@@ -122,6 +128,27 @@ private:
     }
 
     bool gone() const { return !m_guard || m_view.unloaded(); }
+
+    bool nextReviewCard()
+    {
+        const int index = m_view.nextReviewCard();
+        if (index < 0)
+            return false;
+        m_session.previous_index = m_session.current_index;
+        m_session.current_index = static_cast<qint16>(index);
+        return true;
+    }
+
+    // A review card stays up after its plays until it is graded (which skips it) or skipped.
+    Step awaitGrade()
+    {
+        Step step = check();
+        while (step == Step::go) {
+            wait_seconds(m_session, kGradeWait);
+            step = check();
+        }
+        return afterCard(step);
+    }
 
     // The checks made after every wait and every sound.
     Step check() const
@@ -197,7 +224,7 @@ private:
                     return afterCard(step);
             }
         }
-        return Step::nextCard;
+        return m_view.reviewing() ? awaitGrade() : Step::nextCard;
     }
 
     Session& m_session;

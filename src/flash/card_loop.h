@@ -35,6 +35,10 @@ public:
     }
     virtual void showMp3Progress(const QString& text) { (void)text; }
     virtual void showWordCount(const QString& caption) { (void)caption; }
+    // A review run plays, in order, the cards nextReviewCard() hands out (-1: none left) and keeps
+    // each one up after its plays until it is graded or skipped.
+    virtual bool reviewing() const { return false; }
+    virtual int nextReviewCard() { return -1; }
 };
 
 // Plays the shown words as flash cards until stop_flag is "yes", the window is unloaded or

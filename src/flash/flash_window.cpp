@@ -39,6 +39,7 @@ FlashWindow::FlashWindow(Session& session, QWidget* parent) : FlashCardWindow(se
     connect(auto_mp3, &QPushButton::clicked, this, &FlashWindow::auto_mp3_click);
     connect(exit_btn, &QPushButton::clicked, this, &FlashWindow::exit_btn_click);
     buildLayout();
+    buildReviewButtons();
 }
 
 void FlashWindow::buildLayout()

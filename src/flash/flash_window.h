@@ -25,15 +25,37 @@ public:
     void showMp3Progress(const QString& text) override;
     void showWordCount(const QString& caption) override;
 
+    // Review runs (defined in review/flash_window_review.cpp): the grading buttons, shown only
+    // while the cards of review() play.
+    QPushButton* again;
+    QPushButton* got_it;
+    bool reviewing() const override { return m_reviewing; }
+    int nextReviewCard() override;
+
 public slots:
     void delay_top_click();
     void delay_bottom_click();
     void create_mp3_click();
     void auto_mp3_click();
     void exit_btn_click();
+    // Plays the entries of the word arrays at these indexes as a review run, in order; when the
+    // last has been played the window says so and closes.
+    void review(const QList<int>& entries);
+    void again_click();
+    void got_it_click();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void buildLayout();
+    void buildReviewButtons();
+    void grade(int grade);
+
+    bool m_reviewing = false;
+    bool m_reviewDone = false;
+    bool m_graded = true;
+    QStringList m_reviewKeys; // sound number and word of each card still to come
 };
 
 } // namespace quorvane

@@ -7,6 +7,7 @@
 #include "core/random_index.h"
 #include "core/session.h"
 #include "quiz/results_file.h"
+#include "review/review_log.h"
 #include "quiz/texts.h"
 #include "sound/playback.h"
 #include "store/paths.h"
@@ -66,7 +67,7 @@ public:
             return false;
         }
         choosePresentation();
-        m_state.start_time = QDateTime::currentDateTime();
+        m_state.start_time = s.clock.dateTime();
         m_state.start_timer = s.clock.timer();
         s.stop_flag = kNo;
         return true;
@@ -163,7 +164,8 @@ private:
         }
         if (countdown(s.sound_numbers.value(index)) == Step::end)
             return Step::end;
-        judge(s.translations.value(index));
+        const bool right = judge(s.translations.value(index));
+        review::log_grade(s, index, right ? review::good : review::again, review::kSourceTest);
         if (q.question_number == q.num_questions) {
             finish_test(s, m_view, q);
             return Step::end;
@@ -196,7 +198,7 @@ private:
         return Step::next;
     }
 
-    void judge(const QString& translation)
+    bool judge(const QString& translation)
     {
         Session& s = m_session;
         QuizState& q = m_state;
@@ -220,6 +222,7 @@ private:
         } else {
             m_view.showFeedback(feedback + u'\r' + QStringLiteral("not ") + q.typed_answer, true);
         }
+        return right;
     }
 
     Session& m_session;

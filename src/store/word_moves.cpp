@@ -2,6 +2,7 @@
 
 #include "core/prompts.h"
 #include "core/session.h"
+#include "review/review_log.h"
 #include "store/text_files.h"
 #include "store/texts.h"
 #include "store/word_files.h"
@@ -54,6 +55,7 @@ void move_word(Session& session, const QString& targetFile, const QString& sourc
             session.prompts.message(texts::sourceNotWritten(targetFile, sourceFile, error));
         return;
     }
+    review::log_move(session, index, targetFile == session.known_file);
     create_array_of_words(session, sourceFile);
     session.mainView().display_words();
 }

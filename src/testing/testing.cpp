@@ -80,12 +80,30 @@ void FakeClock::processEvents()
     ++processed;
     now += step;
     m_passed += step;
+    m_elapsed += step;
+    runDueActions();
+    QCoreApplication::processEvents();
+}
+
+void FakeClock::runDueActions()
+{
     while (!m_actions.empty() && m_actions.begin()->first <= now + 1e-9) {
         auto action = std::move(m_actions.begin()->second);
         m_actions.erase(m_actions.begin());
         action();
     }
-    QCoreApplication::processEvents();
+}
+
+QDateTime FakeClock::dateTime()
+{
+    return date.addMSecs(static_cast<qint64>(std::llround(m_elapsed * 1000.0)));
+}
+
+void FakeClock::jump(double seconds)
+{
+    now += seconds;
+    m_elapsed += seconds;
+    runDueActions();
 }
 
 void FakeClock::at(double delay, std::function<void()> action)

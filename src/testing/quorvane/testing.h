@@ -8,6 +8,7 @@
 #include "core/sound_library.h"
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QHash>
 #include <QList>
 #include <QString>
@@ -77,6 +78,11 @@ public:
     void processEvents() override;
     // Runs action once, delay seconds of virtual time from now.
     void at(double delay, std::function<void()> action);
+    // date plus the virtual seconds passed since the clock was made.
+    QDateTime dateTime() override;
+    // Moves virtual time on by seconds at once (days, for a test of what falls due) and runs the
+    // actions that fall due; it does not count against limit.
+    void jump(double seconds);
 
     double now;
     double step;
@@ -85,9 +91,14 @@ public:
     // (once) and throws RunawayLoop at every call, so a loop that never ends fails in a second
     // or two instead of spinning until the test run's timeout.
     double limit = 3600.0;
+    // The local date and time at the clock's start.
+    QDateTime date{QDate(2026, 1, 5), QTime(10, 0)};
 
 private:
+    void runDueActions();
+
     double m_passed = 0.0;
+    double m_elapsed = 0.0; // every virtual second, jumps included
     bool m_overrun = false;
     std::multimap<double, std::function<void()>> m_actions;
 };
