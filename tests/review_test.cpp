@@ -80,7 +80,8 @@ TEST(ReviewScheduler, FirstReviewsAKnownSequenceAndItsBoundaries)
     EXPECT_NEAR(reviewed({{3, 0}, {3, 1}}).stability, 5.86914, 1e-4);
     // Many agains in a row: stability falls towards a floor, difficulty towards 10, never past.
     MemoryState lapses = reviewed({{3, 0}});
-    const double afterAgain[] = {0.92060, 0.42713, 0.26835, 0.20604, 0.17811, 0.16445, 0.15737, 0.15356, 0.15145, 0.15026};
+    const double afterAgain[] = {0.92060, 0.42713, 0.26835, 0.20604, 0.17811,
+                                 0.16445, 0.15737, 0.15356, 0.15145, 0.15026};
     for (int k = 1; k <= 10; ++k) {
         review::apply_review(lapses, review::again, k, true);
         EXPECT_NEAR(lapses.stability, afterAgain[k - 1], 1e-4) << k;
@@ -104,7 +105,8 @@ TEST_F(CoreTest, ReviewLogIsAppendedAsBytesReplayedIncrementallyAndSkipsDamagedL
     session.user_folder = folder.path() + "/users/kestrin/";
     session.current_language = "spanish";
     session.current_list = "words";
-    session.words = {"ni\xf1o", "gato", ""};
+    const QString nino = QString::fromLatin1("ni\xf1o");
+    session.words = {nino, "gato", ""};
     session.sound_numbers = {"01000", "01001", ""};
     session.translations = {"boy", "cat", ""};
     const QString path = review::review_log_path(session);
@@ -122,8 +124,8 @@ TEST_F(CoreTest, ReviewLogIsAppendedAsBytesReplayedIncrementallyAndSkipsDamagedL
 
     review::ReviewBook& book = review::review_book(session);
     EXPECT_EQ(book.lines(), 3);
-    EXPECT_EQ(book.find("01000", "ni\xf1o")->reviews, 2);
-    EXPECT_EQ(book.find("01000", "ni\xf1o")->misses, 0); // a move back is no missed answer
+    EXPECT_EQ(book.find("01000", nino)->reviews, 2);
+    EXPECT_EQ(book.find("01000", nino)->misses, 0); // a move back is no missed answer
     EXPECT_EQ(book.find("01001", "gato")->stability, 15.69105);
     EXPECT_EQ(book.find("01001", "other"), nullptr);
     EXPECT_EQ(book.knownPerWeek(), (QMap<int, int>{{int(QDate(2026, 1, 5).toJulianDay()), 1}}));
@@ -341,17 +343,18 @@ TEST(ProgressWindow, DrawsScoresMovesAndMissesAndSavesAPictureThroughRealBoxes)
     session.user_name = "kestrin";
     session.user_folder = folder.path() + "/users/kestrin/";
     session.current_language = "spanish";
-    folder.write("users/kestrin/spanish/reviews.txt",
-                 logLine("2026-01-05T09:00:00", "gato", "01001", 1, "test") +
-                     logLine("2026-01-06T09:00:00", "gato", "01001", 1, "card") +
-                     logLine("2026-01-06T09:00:00", "perro", "01002", 1, "test") +
-                     logLine("2026-01-06T09:00:00", "perro", "01002", 4, "move") +
-                     logLine("2026-01-13T09:00:00", "casa", "01003", 4, "move") + "damaged\r\n");
+    folder.write("users/kestrin/spanish/reviews.txt", logLine("2026-01-05T09:00:00", "gato", "01001", 1, "test") +
+                                                          logLine("2026-01-06T09:00:00", "gato", "01001", 1, "card") +
+                                                          logLine("2026-01-06T09:00:00", "perro", "01002", 1, "test") +
+                                                          logLine("2026-01-06T09:00:00", "perro", "01002", 4, "move") +
+                                                          logLine("2026-01-13T09:00:00", "casa", "01003", 4, "move") +
+                                                          "damaged\r\n");
     folder.write("test_results.txt",
                  "kestrin\tspanish\twords\t3\t67%\t00:03 \tSpelling\tSound Only\t1/5/2026 10:00:00 AM\r\n"
                  "kestrin\tspanish\twords\t3\t100%\t00:03 \tMultiple Choice\tText Only\t1/6/2026 10:00:00 AM\r\n");
 
-    auto* progress = new ProgressWindow(session, nullptr);
+    // Quitting the event loop closes the window, which deletes itself.
+    QPointer<ProgressWindow> progress = new ProgressWindow(session, nullptr);
     progress->show();
     EXPECT_EQ(items(progress->missed_list), QStringList({"gato   (2)", "perro   (1)"}));
     EXPECT_EQ(progress->scores_chart->chart()->series().size(), 2);
@@ -374,7 +377,7 @@ TEST(ProgressWindow, DrawsScoresMovesAndMissesAndSavesAPictureThroughRealBoxes)
         }
     });
     answerer.start(20);
-    QTimer::singleShot(0, progress, [progress] { progress->save_png->click(); });
+    QTimer::singleShot(0, progress, [&progress] { progress->save_png->click(); });
     QTimer::singleShot(30000, [] {
         ADD_FAILURE() << "the boxes were not answered";
         QApplication::quit();
@@ -382,6 +385,6 @@ TEST(ProgressWindow, DrawsScoresMovesAndMissesAndSavesAPictureThroughRealBoxes)
     QApplication::exec();
     EXPECT_EQ(said, "The progress picture was saved as " + folder.file("chart.png") + ".");
     EXPECT_TRUE(folder.read("chart.png").startsWith("\x89PNG\r\n\x1a\n"));
-    delete progress;
+    delete progress.data();
     QDir::setCurrent(previous);
 }

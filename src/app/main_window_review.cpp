@@ -68,9 +68,9 @@ void MainWindow::review_due_click()
         if (rows.isEmpty())
             return;
         select_row(lists_list, lists_list->row(rows.first()));
-        const QList<int> queue = review::review_queue(review::review_book(s), review::unknown_entries(s, true),
-                                                      review::day_of(s.clock.dateTime()), s.desired_retention,
-                                                      s.new_words_per_day);
+        const QList<int> queue =
+            review::review_queue(review::review_book(s), review::unknown_entries(s, true),
+                                 review::day_of(s.clock.dateTime()), s.desired_retention, s.new_words_per_day);
         if (queue.isEmpty()) {
             s.prompts.message(review_texts::kNothingDue);
             return;

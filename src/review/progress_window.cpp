@@ -51,8 +51,7 @@ QChartView* chartView(QWidget* parent, const QString& name, const QString& title
 
 } // namespace
 
-ProgressWindow::ProgressWindow(Session& session, QWidget* parent)
-    : QWidget(parent, Qt::Window), m_session(session)
+ProgressWindow::ProgressWindow(Session& session, QWidget* parent) : QWidget(parent, Qt::Window), m_session(session)
 {
     setObjectName(QStringLiteral("progress"));
     setWindowTitle(review_texts::kProgressTitle + QStringLiteral(" - ") + session.user_name + QStringLiteral(" - ") +
@@ -64,7 +63,8 @@ ProgressWindow::ProgressWindow(Session& session, QWidget* parent)
     known_chart = chartView(this, QStringLiteral("known_chart"), review_texts::kKnownTitle);
     missed_list = new QListWidget(this);
     missed_list->setObjectName(QStringLiteral("missed_list"));
-    Label1 = controls::label(this, QStringLiteral("Label1"), review_texts::kMissedTitle, controls::font(controls::kArial, kPoints, true));
+    Label1 = controls::label(this, QStringLiteral("Label1"), review_texts::kMissedTitle,
+                             controls::font(controls::kArial, kPoints, true));
     damaged_lbl = controls::label(this, QStringLiteral("damaged_lbl"), QString(), font);
     save_png = controls::button(this, QStringLiteral("save_png"), review_texts::kSavePngCaption, font);
     close_btn = controls::button(this, QStringLiteral("close_btn"), review_texts::kCloseCaption, font);

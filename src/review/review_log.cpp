@@ -25,7 +25,7 @@ const QString kDateFormat = QStringLiteral("yyyy-MM-ddTHH:mm:ss");
 // start, and a full date parse per line would cost most of the time allowed.
 std::optional<int> parseDay(const QString& text)
 {
-    if (text.size() != kDateFormat.size() - 2 || text.at(4) != u'-' || text.at(7) != u'-' || text.at(10) != u'T' ||
+    if (text.size() != kDateFormat.size() || text.at(4) != u'-' || text.at(7) != u'-' || text.at(10) != u'T' ||
         text.at(13) != u':' || text.at(16) != u':')
         return std::nullopt;
     auto number = [&text](int from, int length, bool* ok) {
@@ -66,8 +66,7 @@ QString format_log_line(const LogLine& line)
 
 QString review_log_path(const Session& session)
 {
-    return paths::studentLanguageFolder(session.user_folder, session.current_language) +
-           QStringLiteral("reviews.txt");
+    return paths::studentLanguageFolder(session.user_folder, session.current_language) + QStringLiteral("reviews.txt");
 }
 
 void log_grade(Session& session, int index, int grade, const QString& source)
@@ -76,8 +75,12 @@ void log_grade(Session& session, int index, int grade, const QString& source)
     if (index < 0 || index >= session.wordCount() || session.user_folder.isEmpty())
         return;
     const QString path = review_log_path(session);
-    const LogLine line{session.clock.dateTime(), session.current_list, session.words.at(index),
-                       session.sound_numbers.at(index), grade, source};
+    const LogLine line{session.clock.dateTime(),
+                       session.current_list,
+                       session.words.at(index),
+                       session.sound_numbers.at(index),
+                       grade,
+                       source};
     QString error;
     QDir().mkpath(QFileInfo(path).absolutePath());
     if (!appendTextLines(path, {format_log_line(line)}, &error))

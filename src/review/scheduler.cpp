@@ -9,8 +9,8 @@ namespace quorvane::review {
 namespace {
 
 // The published default weights of version 5 of the scheduler.
-constexpr std::array<double, 19> w = {0.40255, 1.18385, 3.173,  15.69105, 7.1949,  0.5345, 1.4604,
-                                      0.0046,  1.54575, 0.1192, 1.01925,  1.9395,  0.11,   0.29605,
+constexpr std::array<double, 19> w = {0.40255, 1.18385, 3.173,  15.69105, 7.1949, 0.5345, 1.4604,
+                                      0.0046,  1.54575, 0.1192, 1.01925,  1.9395, 0.11,   0.29605,
                                       2.2698,  0.2315,  2.9898, 0.51655,  0.6621};
 constexpr double kDecay = -0.5;
 const double kFactor = std::pow(0.9, 1.0 / kDecay) - 1.0;
