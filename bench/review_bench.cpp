@@ -63,12 +63,13 @@ void BM_DueCountAfterAMove(benchmark::State& state)
         session.sound_numbers.insert(i, QString::number(i % 100000).rightJustified(5, '0'));
     }
     session.unknown_file = session.shown_file = folder.path() + "/big-u.txt";
+    session.known_file = folder.path() + "/big-k.txt";
     bench::writeFile(review::review_log_path(session), generatedLog(100000, words));
     review::review_book(session);
     int index = 0;
     int due = 0;
     for (auto _ : state) {
-        review::log_move(session, index++ % words, true);
+        review::MoveRecord(session, index++ % words, session.known_file).keep();
         due = review::due_count(review::review_book(session), review::unknown_entries(session, true),
                                 review::day_of(clock.dateTime()), session.desired_retention);
     }

@@ -114,8 +114,10 @@ TEST_F(CoreTest, ReviewLogIsAppendedAsBytesReplayedIncrementallyAndSkipsDamagedL
 
     review::log_grade(session, 0, review::good, review::kSourceTest);
     clock.jump(86400 + 61);
-    review::log_move(session, 1, true);
-    review::log_move(session, 0, false);
+    session.known_file = "words-k.txt";
+    review::MoveRecord(session, 1, "words-k.txt").keep();
+    review::MoveRecord(session, 0, "words-u.txt").keep();
+    review::MoveRecord(session, 0, "words-u.txt");                    // a move that did not complete leaves no line
     review::log_grade(session, 2, review::good, review::kSourceCard); // the empty last slot: nothing
     const QByteArray written = logLine("2026-01-05T10:00:00", "ni\xf1o", "01000", 3, "test") +
                                logLine("2026-01-06T10:01:01", "gato", "01001", 4, "move") +

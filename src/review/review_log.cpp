@@ -69,27 +69,46 @@ QString review_log_path(const Session& session)
     return paths::studentLanguageFolder(session.user_folder, session.current_language) + QStringLiteral("reviews.txt");
 }
 
-void log_grade(Session& session, int index, int grade, const QString& source)
+namespace {
+
+// The log line of entry index, dated by the session's clock; nothing when index names no entry or
+// there is no student (no folder of theirs) to remember the answer for.
+std::optional<QString> entryLine(Session& session, int index, int grade, const QString& source)
 {
-    // Without a student (no folder of theirs) there is nobody to remember the answer for.
     if (index < 0 || index >= session.wordCount() || session.user_folder.isEmpty())
-        return;
-    const QString path = review_log_path(session);
-    const LogLine line{session.clock.dateTime(),
-                       session.current_list,
-                       session.words.at(index),
-                       session.sound_numbers.at(index),
-                       grade,
-                       source};
-    QString error;
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    if (!appendTextLines(path, {format_log_line(line)}, &error))
-        session.prompts.message(review_texts::logNotWritten(path, error));
+        return std::nullopt;
+    QDir().mkpath(QFileInfo(review_log_path(session)).absolutePath());
+    return format_log_line({session.clock.dateTime(), session.current_list, session.words.at(index),
+                            session.sound_numbers.at(index), grade, source});
 }
 
-void log_move(Session& session, int index, bool toKnown)
+} // namespace
+
+void log_grade(Session& session, int index, int grade, const QString& source)
 {
-    log_grade(session, index, toKnown ? easy : again, kSourceMove);
+    const std::optional<QString> line = entryLine(session, index, grade, source);
+    QString error;
+    if (line && !appendTextLines(review_log_path(session), {*line}, &error))
+        session.prompts.message(review_texts::logNotWritten(review_log_path(session), error));
+}
+
+MoveRecord::MoveRecord(Session& session, int index, const QString& targetFile) : m_path(review_log_path(session))
+{
+    const bool toKnown = targetFile == session.known_file;
+    const std::optional<QString> line = entryLine(session, index, toKnown ? easy : again, kSourceMove);
+    if (!line)
+        return;
+    QString error;
+    m_appended = appendTextLines(m_path, {*line}, &error, &m_previousLength);
+    m_written = m_appended;
+    if (!m_written)
+        session.prompts.message(review_texts::moveNotLogged(session.words.at(index), targetFile, m_path, error));
+}
+
+MoveRecord::~MoveRecord()
+{
+    if (m_appended && !m_kept)
+        restoreLength(m_path, m_previousLength);
 }
 
 void ReviewBook::update(const QString& path)

@@ -42,8 +42,30 @@ QString review_log_path(const Session& session);
 // review log (made when missing). A failure is said in a message box naming the file; the
 // activity that graded the word goes on. Nothing is written for an index that names no entry.
 void log_grade(Session& session, int index, int grade, const QString& source);
-// A move of entry index to the known file (graded easy) or back to the unknown file (again).
-void log_move(Session& session, int index, bool toKnown);
+
+// The log line of a move of entry index to targetFile: easy for the known file, again for the
+// unknown file. It is appended before the move changes a file and cut off again when the object
+// goes without keep(), so a move and its line are in the files together or not at all. When the
+// line cannot be written the move must not go on: the box says the word was not moved, and why.
+class MoveRecord
+{
+public:
+    MoveRecord(Session& session, int index, const QString& targetFile);
+    ~MoveRecord();
+    MoveRecord(const MoveRecord&) = delete;
+    MoveRecord& operator=(const MoveRecord&) = delete;
+
+    bool written() const { return m_written; }
+    // The move completed: the line stays.
+    void keep() { m_kept = true; }
+
+private:
+    QString m_path;
+    qint64 m_previousLength = -1;
+    bool m_appended = false;
+    bool m_written = true;
+    bool m_kept = false;
+};
 
 // The review log replayed: each word's memory state, keyed by sound number and word, plus what the
 // progress window draws. The log is only ever appended to, so update() reads only the bytes added

@@ -36,6 +36,7 @@ inline const QString kWordsAxis = QStringLiteral("Words");
 // "12 words due today"
 QString dueCaption(int count);
 QString logNotWritten(const QString& path, const QString& cause);
+QString moveNotLogged(const QString& word, const QString& target, const QString& path, const QString& cause);
 QString pictureNotSaved(const QString& path, const QString& cause);
 QString pictureSaved(const QString& path);
 // A row of the most-missed list: the word and how often it was missed.

@@ -42,6 +42,9 @@ void move_word(Session& session, const QString& targetFile, const QString& sourc
     // The target gains the entry before the source loses it, and the source is replaced in one
     // rename: at every moment the entry is in at least one of the two files.
     // A failure leaves both files as they were.
+    review::MoveRecord record(session, index, targetFile);
+    if (!record.written())
+        return;
     QString error;
     qint64 targetLength = -1;
     if (!appendTextLines(targetFile, {entry}, &error, &targetLength)) {
@@ -55,7 +58,7 @@ void move_word(Session& session, const QString& targetFile, const QString& sourc
             session.prompts.message(texts::sourceNotWritten(targetFile, sourceFile, error));
         return;
     }
-    review::log_move(session, index, targetFile == session.known_file);
+    record.keep();
     create_array_of_words(session, sourceFile);
     session.mainView().display_words();
 }
