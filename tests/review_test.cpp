@@ -156,15 +156,15 @@ TEST_F(CoreTest, ReviewQueueSettingsAndScores)
     // Entries 0..4: due two days ago, never reviewed, due today, not due, never reviewed.
     review::ReviewBook book;
     const int today = int(QDate(2026, 1, 10).toJulianDay());
-    book.add("2026-01-07T10:00:00\tw\ta\t1\t1\ttest"); // due the 8th
-    book.add("2026-01-07T10:00:00\tw\tc\t3\t3\ttest"); // due the 10th
-    book.add("2026-01-09T10:00:00\tw\td\t4\t3\ttest"); // due the 12th
+    book.add(u"2026-01-07T10:00:00\tw\ta\t1\t1\ttest"); // due the 8th
+    book.add(u"2026-01-07T10:00:00\tw\tc\t3\t3\ttest"); // due the 10th
+    book.add(u"2026-01-09T10:00:00\tw\td\t4\t3\ttest"); // due the 12th
     WordArrays entries{{"a", "b", "c", "d", "e", ""}, {"", "", "", "", "", ""}, {"1", "2", "3", "4", "5", ""}};
     EXPECT_EQ(review::review_queue(book, entries, today, 0.9, 20), QList<int>({0, 2, 1, 4}));
     EXPECT_EQ(review::review_queue(book, entries, today, 0.9, 1), QList<int>({0, 2, 1}));
     EXPECT_EQ(review::due_count(book, entries, today, 0.9), 2);
     // Words first reviewed today count against the day's new words.
-    book.add("2026-01-10T08:00:00\tw\tb\t2\t3\tcard");
+    book.add(u"2026-01-10T08:00:00\tw\tb\t2\t3\tcard");
     EXPECT_EQ(review::review_queue(book, entries, today, 0.9, 2), QList<int>({0, 2, 4}));
     EXPECT_EQ(review::review_queue(book, entries, today, 0.9, 1), QList<int>({0, 2}));
 
@@ -241,13 +241,15 @@ TEST(ReviewWindow, AMissedWordComesBackTheNextDayAndTheCardsGradeIt)
 
     // Eight questions: palabra0 is always answered right, palabra1 left to run out.
     m->test_me_click();
-    auto* t = qobject_cast<TestWindow*>(window("test"));
+    const QPointer<TestWindow> t = qobject_cast<TestWindow*>(window("test"));
     ASSERT_NE(t, nullptr);
     t->multiple_choice->click();
     t->num_qs->setText("8");
     t->num_secs->setText("1");
     QString answered;
     std::function<void()> answer = [&] {
+        if (!t)
+            return;
         if (t->test_word->text() == "palabra0" && t->remaining->text() != answered) {
             answered = t->remaining->text();
             choose(t, "word0");

@@ -15,6 +15,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -61,8 +62,10 @@ void takeTest(MainWindow* main, FakeClock& clock, QRadioButton* TestWindow::*kin
     auto answered = std::make_shared<QString>();
     auto step = std::make_shared<std::function<void()>>();
     *step = [&, test, answered, weak = std::weak_ptr(step)] {
+        if (weak.expired())
+            return;
         const QString remaining = test->remaining->text();
-        if (weak.expired() || remaining.isEmpty())
+        if (remaining.isEmpty())
             return;
         if (remaining != *answered && right(remaining.section(' ', 0, 0).toInt())) {
             *answered = remaining;

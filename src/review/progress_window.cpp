@@ -157,6 +157,7 @@ void ProgressWindow::drawKnownPerWeek()
     for (int value : weeks)
         most = std::max(most, value);
     count->setRange(0, std::max(most, 1));
+    count->applyNiceNumbers();
     chart->addAxis(axis, Qt::AlignBottom);
     chart->addAxis(count, Qt::AlignLeft);
     series->attachAxis(axis);

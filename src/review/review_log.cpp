@@ -13,6 +13,8 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <array>
+#include <cstring>
 
 namespace quorvane::review {
 
@@ -21,33 +23,40 @@ namespace {
 constexpr int kFields = 6;
 const QString kDateFormat = QStringLiteral("yyyy-MM-ddTHH:mm:ss");
 
-// The Julian day of "yyyy-MM-ddTHH:mm:ss", read by hand: a hundred thousand lines are replayed at
-// start, and a full date parse per line would cost most of the time allowed.
-std::optional<int> parseDay(const QString& text)
+// The Julian day of "yyyy-MM-ddTHH:mm:ss", -1 for any other text; read by hand: a hundred thousand
+// lines are replayed at start, and a full date parse per line would cost most of the time allowed.
+int parseDay(QStringView text)
 {
     if (text.size() != kDateFormat.size() || text.at(4) != u'-' || text.at(7) != u'-' || text.at(10) != u'T' ||
         text.at(13) != u':' || text.at(16) != u':')
-        return std::nullopt;
-    auto number = [&text](int from, int length, bool* ok) {
+        return -1;
+    bool ok = true;
+    auto number = [&text, &ok](int from, int length) {
         int value = 0;
         for (int i = from; i < from + length; ++i) {
-            const QChar c = text.at(i);
-            if (!c.isDigit()) {
-                *ok = false;
-                return 0;
-            }
-            value = value * 10 + c.digitValue();
+            const char16_t c = text.at(i).unicode();
+            ok = ok && c >= u'0' && c <= u'9';
+            value = value * 10 + (c - u'0');
         }
         return value;
     };
-    bool ok = true;
-    const QDate date(number(0, 4, &ok), number(5, 2, &ok), number(8, 2, &ok));
-    const int hour = number(11, 2, &ok);
-    const int minute = number(14, 2, &ok);
-    const int second = number(17, 2, &ok);
-    if (!ok || !date.isValid() || hour > 23 || minute > 59 || second > 59)
-        return std::nullopt;
-    return static_cast<int>(date.toJulianDay());
+    const QDate date(number(0, 4), number(5, 2), number(8, 2));
+    const bool timeOk = number(11, 2) <= 23 && number(14, 2) <= 59 && number(17, 2) <= 59;
+    return ok && timeOk && date.isValid() ? static_cast<int>(date.toJulianDay()) : -1;
+}
+
+// The value of a five-digit sound number, -1 for any other text.
+int numberValue(QStringView soundNumber)
+{
+    if (soundNumber.size() != 5)
+        return -1;
+    int value = 0;
+    for (const QChar c : soundNumber) {
+        if (c < u'0' || c > u'9')
+            return -1;
+        value = value * 10 + (c.unicode() - u'0');
+    }
+    return value;
 }
 
 int mondayOf(int day)
@@ -129,45 +138,77 @@ void ReviewBook::update(const QString& path)
     if (end < 0)
         return;
     m_consumed += end + 1;
-    for (const QString& line : splitLines(decodeWindows1252(bytes.left(end + 1))))
-        add(line);
+    const QString text = decodeWindows1252(bytes.left(end + 1));
+    qsizetype start = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text.at(i) == u'\n' || text.at(i) == u'\r') {
+            add(QStringView(text).sliced(start, i - start));
+            start = i + 1;
+        }
+    }
 }
 
-void ReviewBook::add(const QString& line)
+int ReviewBook::firstOf(QStringView soundNumber) const
+{
+    if (const int value = numberValue(soundNumber); value >= 0)
+        return m_firstByNumber.empty() ? -1 : m_firstByNumber[static_cast<size_t>(value)];
+    return m_firstByText.value(soundNumber.toString(), -1);
+}
+
+int& ReviewBook::firstSlot(QStringView soundNumber)
+{
+    if (const int value = numberValue(soundNumber); value >= 0) {
+        if (m_firstByNumber.empty())
+            m_firstByNumber.assign(kSoundNumberSlots, -1);
+        return m_firstByNumber[static_cast<size_t>(value)];
+    }
+    return m_firstByText.insert(soundNumber.toString(), m_firstByText.value(soundNumber.toString(), -1)).value();
+}
+
+void ReviewBook::add(QStringView line)
 {
     if (line.isEmpty())
         return;
     ++m_lines;
-    const QStringList fields = line.split(u'\t');
-    bool gradeOk = false;
-    const int grade = fields.size() == kFields ? fields.at(4).toInt(&gradeOk) : 0;
-    const int day = fields.size() == kFields ? parseDay(fields.at(0)).value_or(-1) : -1;
-    const QString& source = fields.value(5);
-    if (day < 0 || !gradeOk || grade < again || grade > easy ||
+    std::array<QStringView, kFields> fields;
+    qsizetype count = 0;
+    for (const QStringView field : line.tokenize(u'\t')) {
+        if (count == kFields) {
+            count = kFields + 1;
+            break;
+        }
+        fields[static_cast<size_t>(count++)] = field;
+    }
+    const int day = count == kFields ? parseDay(fields[0]) : -1;
+    const QStringView source = fields[5];
+    const int grade = fields[4].size() == 1 ? fields[4].at(0).unicode() - u'0' : 0;
+    if (day < 0 || grade < again || grade > easy ||
         (source != kSourceTest && source != kSourceCard && source != kSourceMove)) {
         ++m_damaged;
         return;
     }
-    const QString& word = fields.at(2);
-    QList<Word>& words = m_words[fields.at(3)];
-    auto found = std::find_if(words.begin(), words.end(), [&word](const Word& w) { return w.word == word; });
-    if (found == words.end()) {
-        words.append({word, {}});
-        found = words.end() - 1;
+    const QStringView word = fields[2];
+    int& first = firstSlot(fields[3]);
+    int found = first;
+    while (found >= 0 && m_words[static_cast<size_t>(found)].word != word)
+        found = m_words[static_cast<size_t>(found)].next;
+    if (found < 0) {
+        m_words.push_back({word.toString(), {}, first});
+        found = first = static_cast<int>(m_words.size()) - 1;
     }
-    apply_review(found->state, grade, day, source != kSourceMove);
+    apply_review(m_words[static_cast<size_t>(found)].state, grade, day, source != kSourceMove);
     if (source == kSourceMove && grade == easy)
         ++m_knownPerWeek[mondayOf(day)];
 }
 
 const MemoryState* ReviewBook::find(const QString& soundNumber, const QString& word) const
 {
-    const auto words = m_words.constFind(soundNumber);
-    if (words == m_words.constEnd())
-        return nullptr;
-    for (const Word& w : *words) {
-        if (w.word == word)
-            return &w.state;
+    for (int i = firstOf(soundNumber); i >= 0; i = m_words[static_cast<size_t>(i)].next) {
+        const QString& stored = m_words[static_cast<size_t>(i)].word;
+        // Compared as plain UTF-16 units: a general comparison costs most of a 30,000-word count.
+        if (stored.size() == word.size() &&
+            std::memcmp(stored.constData(), word.constData(), static_cast<size_t>(word.size()) * sizeof(QChar)) == 0)
+            return &m_words[static_cast<size_t>(i)].state;
     }
     return nullptr;
 }
@@ -175,11 +216,9 @@ const MemoryState* ReviewBook::find(const QString& soundNumber, const QString& w
 QList<QPair<QString, int>> ReviewBook::mostMissed(int count) const
 {
     QList<QPair<QString, int>> missed;
-    for (const QList<Word>& words : m_words) {
-        for (const Word& w : words) {
-            if (w.state.misses > 0)
-                missed.append({w.word, w.state.misses});
-        }
+    for (const Word& w : m_words) {
+        if (w.state.misses > 0)
+            missed.append({w.word, w.state.misses});
     }
     std::sort(missed.begin(), missed.end(), [](const auto& a, const auto& b) {
         return a.second != b.second ? a.second > b.second : a.first < b.first;

@@ -10,6 +10,7 @@
 #include <QStringList>
 
 #include <optional>
+#include <vector>
 
 namespace quorvane {
 
@@ -76,8 +77,9 @@ class ReviewBook
 public:
     void update(const QString& path);
     // Replays one more line.
-    void add(const QString& line);
+    void add(QStringView line);
 
+    // Valid until the next update() or add().
     const MemoryState* find(const QString& soundNumber, const QString& word) const;
     int damaged() const { return m_damaged; }
     int lines() const { return m_lines; }
@@ -91,12 +93,22 @@ private:
     {
         QString word;
         MemoryState state;
+        int next = -1; // the next word of the same sound number
     };
+    // The first word of a sound number (-1: none); with make, the slot to set it in.
+    int firstOf(QStringView soundNumber) const;
+    int& firstSlot(QStringView soundNumber);
+
     QString m_path;
     qint64 m_consumed = 0;
     int m_damaged = 0;
     int m_lines = 0;
-    QHash<QString, QList<Word>> m_words; // by sound number
+    // Words by sound number: five-digit numbers in a table by their value, so that a look-up on a
+    // list of 30,000 words makes no text and stays within the few milliseconds a move may take;
+    // other sound numbers by their text.
+    std::vector<Word> m_words;
+    std::vector<int> m_firstByNumber;
+    QHash<QString, int> m_firstByText;
     QMap<int, int> m_knownPerWeek;
 };
 
