@@ -1,6 +1,8 @@
 #include "core/table_limit.h"
 #include "flash/flash_window.h"
 #include "store/file_faults.h"
+#include "store/file_lock.h"
+#include "store/text_files.h"
 #include "test_support.h"
 
 #include <QDirIterator>
@@ -11,6 +13,10 @@
 
 #include <array>
 #include <cerrno>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
 
 using namespace quorvane;
 using namespace quorvane::test;
@@ -216,4 +222,44 @@ TEST(DataSafety, ASecondCopyForTheSameStudentIsRefusedAndADeadCopysLockTakenOver
     ScriptedPrompts taken({QString("kestrin")});
     EXPECT_EQ(startAgain(taken), 2);
     EXPECT_EQ(taken.shown.size(), 1);
+}
+
+TEST(DataSafety, ASharedFilesLockIsWaitedForAndRewritesNeverShareATemporaryFile)
+{
+    ProgramFolder folder;
+    const QString lockPath = folder.file("languages/spanish/.lock");
+    folder.mkdir("languages/spanish");
+    // Another holder: a lock on a description of its own conflicts as another process's would.
+    const int other = ::open(QFile::encodeName(lockPath).constData(), O_RDWR | O_CREAT, 0666);
+    ASSERT_EQ(::flock(other, LOCK_EX), 0);
+    QString error;
+    FileLock busy(lockPath, 0);
+    EXPECT_FALSE(busy.acquire(&error));
+    EXPECT_TRUE(error.contains(lockPath)) << error.toStdString();
+    ::close(other);
+    {
+        FileLock outer(lockPath, 0);
+        ASSERT_TRUE(outer.acquire());
+        FileLock inner(lockPath, 0); // the same process nests
+        EXPECT_TRUE(inner.acquire());
+        inner.release();
+        const int probe = ::open(QFile::encodeName(lockPath).constData(), O_RDWR);
+        EXPECT_NE(::flock(probe, LOCK_EX | LOCK_NB), 0); // still held by the outer one
+        ::close(probe);
+    }
+    EXPECT_TRUE(busy.acquire());
+    busy.release();
+    FileLock missingFolder(folder.file("no/such/.lock"), 0);
+    EXPECT_FALSE(missingFolder.acquire(&error));
+    EXPECT_TRUE(error.contains(folder.file("no/such/.lock"))) << error.toStdString();
+
+    // A rewrite leaves nothing beside; what a live writer (process 1) has beside is not swept, a dead
+    // one's is.
+    folder.write("languages/spanish/a.txt.1-7.rewrite.tmp", "in progress");
+    folder.write("languages/spanish/a.txt.999999999-7.rewrite.tmp", "dead");
+    ASSERT_TRUE(writeTextLines(folder.file("languages/spanish/a.txt"), {"x"}));
+    EXPECT_EQ(folder.read("languages/spanish/a.txt"), "x\r\n");
+    removeStrayRewrites(folder.file("languages/spanish"));
+    EXPECT_EQ(QDir(folder.file("languages/spanish")).entryList(QDir::Files | QDir::Hidden),
+              QStringList({".lock", "a.txt", "a.txt.1-7.rewrite.tmp"}));
 }

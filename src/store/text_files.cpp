@@ -9,10 +9,12 @@
 #include <QHash>
 
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <cstring>
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -229,6 +231,29 @@ void syncFolderOf(const QString& path)
     }
 }
 
+// The file a rewrite writes beside path: its own to each writer, two processes never share one.
+QString rewriteName(const QString& path)
+{
+    static std::atomic<quint64> written{0};
+    return path + u'.' + QString::number(::getpid()) + u'-' + QString::number(++written) + paths::kRewriteSuffix;
+}
+
+// Whether the process that wrote this file beside another may still be writing it: the name holds
+// its process id. A name without one is from a writer that no longer runs.
+bool writerMayRun(const QString& name)
+{
+    const QString mark = name.chopped(paths::kRewriteSuffix.size());
+    const qsizetype dot = mark.lastIndexOf(u'.');
+    const qsizetype dash = mark.lastIndexOf(u'-');
+    if (dot < 0 || dash < dot)
+        return false;
+    bool ok = false;
+    const qint64 pid = mark.mid(dot + 1, dash - dot - 1).toLongLong(&ok);
+    if (!ok || pid <= 0 || pid == ::getpid())
+        return false;
+    return ::kill(static_cast<pid_t>(pid), 0) == 0 || errno == EPERM;
+}
+
 } // namespace
 
 bool writeTextLines(const QString& path, const QStringList& lines, QString* error)
@@ -239,8 +264,8 @@ bool writeTextLines(const QString& path, const QStringList& lines, QString* erro
 bool writeBytes(const QString& path, const QByteArray& bytes, QString* error)
 {
     const QByteArray target = QFile::encodeName(path);
-    const QByteArray beside = QFile::encodeName(path + paths::kRewriteSuffix);
-    const int fd = ::open(beside.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    const QByteArray beside = QFile::encodeName(rewriteName(path));
+    const int fd = ::open(beside.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (fd < 0)
         return fail(errno, error);
     // The new file keeps the old one's permissions.
@@ -304,8 +329,10 @@ bool restoreLength(const QString& path, qint64 length)
 void removeStrayRewrites(const QString& folder)
 {
     const QDir dir(folder);
-    for (const QString& name : dir.entryList({QLatin1Char('*') + paths::kRewriteSuffix}, QDir::Files | QDir::Hidden))
-        QFile::remove(dir.filePath(name));
+    for (const QString& name : dir.entryList({QLatin1Char('*') + paths::kRewriteSuffix}, QDir::Files | QDir::Hidden)) {
+        if (!writerMayRun(name))
+            QFile::remove(dir.filePath(name));
+    }
 }
 
 namespace file_faults {

@@ -23,9 +23,9 @@ QString readFirstLine(const QString& path);
 // Every line followed by CR LF.
 QByteArray encodeLines(const QStringList& lines);
 // Replaces a file by these lines, atomically: the bytes go to a file beside it (its name followed by
-// paths::kRewriteSuffix), every write and the sync to the disk are checked, and only then is it
-// renamed over the old one. A crash leaves the old file or the new one; a failure leaves the old
-// one and no file beside it, with error set to the cause ("the disk is full" for a full disk).
+// the writer's process id and count and paths::kRewriteSuffix, unique to the writer), every write and the sync to the
+// disk are checked, and only then is it renamed over the old one. A crash leaves the old file or the new one; a failure
+// leaves the old one and no file beside it, with error set to the cause ("the disk is full" for a full disk).
 bool writeTextLines(const QString& path, const QStringList& lines, QString* error = nullptr);
 // Replaces a file by these bytes, atomically, as writeTextLines does.
 bool writeBytes(const QString& path, const QByteArray& bytes, QString* error = nullptr);
@@ -38,7 +38,8 @@ bool appendTextLines(const QString& path, const QStringList& lines, QString* err
                      qint64* previousLength = nullptr);
 // Cuts a file back to length bytes, or removes it for a length of -1: undoes an append.
 bool restoreLength(const QString& path, qint64 length);
-// Removes the files a rewrite left beside their names in folder when the process died.
+// Removes the files a rewrite left beside their names in folder when the process died (those of a
+// process that still runs are left to it).
 void removeStrayRewrites(const QString& folder);
 // The length of a file in bytes, -1 when it does not exist.
 qint64 fileLength(const QString& path);

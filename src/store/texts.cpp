@@ -98,4 +98,16 @@ QString studentAlreadyOpen(const QString& userName)
         .arg(userName);
 }
 
+QString lockNotMade(const QString& path, const QString& reason)
+{
+    return QStringLiteral("The lock file %1 could not be made (%2). Nothing was changed.").arg(path, reason);
+}
+
+QString lockBusy(const QString& path)
+{
+    return QStringLiteral("Another copy of Quorvane is still changing the files that %1 guards. Please try again "
+                          "in a moment. Nothing was changed.")
+        .arg(path);
+}
+
 } // namespace quorvane::texts

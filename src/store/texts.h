@@ -28,5 +28,8 @@ QString namePrompt();
 QString nameTitle();
 // Another copy of the program already has the student's files open.
 QString studentAlreadyOpen(const QString& userName);
+// A shared file's lock that could not be made, or that another copy of the program keeps.
+QString lockNotMade(const QString& path, const QString& reason);
+QString lockBusy(const QString& path);
 
 } // namespace quorvane::texts
