@@ -1,0 +1,63 @@
+// The memory a very large pairing file takes to load: a 61 MB file of 4.7 million lines, loaded in
+// a child process so that its peak resident size is the load's own.
+
+#include "core/session.h"
+#include "store/word_files.h"
+
+#include "bench_support.h"
+
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace quorvane;
+
+namespace {
+
+constexpr int kPairingLines = 4'700'000;
+
+void BM_LoadPairingFile61MB(benchmark::State& state)
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("trans_index_spanish_english.dat"));
+    QByteArray bytes;
+    bytes.reserve(kPairingLines * 13);
+    for (int i = 0; i < kPairingLines; ++i)
+        bytes += QByteArray::asprintf("%05d|%05d\r\n", i % kSoundNumberSlots, (i * 7) % kSoundNumberSlots);
+    bench::writeFile(path, bytes);
+    bytes = QByteArray();
+    long grownKb = 0;
+    for (auto _ : state) {
+        int pipe[2];
+        if (::pipe(pipe) != 0) {
+            state.SkipWithError("no pipe");
+            return;
+        }
+        const pid_t child = fork();
+        if (child == 0) {
+            QStringList table(kSoundNumberSlots);
+            rusage before{};
+            getrusage(RUSAGE_SELF, &before);
+            load_trans_index(path, table);
+            rusage after{};
+            getrusage(RUSAGE_SELF, &after);
+            const long grown = after.ru_maxrss - before.ru_maxrss;
+            _exit(::write(pipe[1], &grown, sizeof grown) == sizeof grown ? 0 : 1);
+        }
+        ::close(pipe[1]);
+        if (::read(pipe[0], &grownKb, sizeof grownKb) != sizeof grownKb)
+            state.SkipWithError("the loading process gave no figure");
+        ::close(pipe[0]);
+        waitpid(child, nullptr, 0);
+    }
+    state.counters["file_MB"] = static_cast<double>(kPairingLines) * 13 / 1e6;
+    state.counters["peak_growth_MB"] = static_cast<double>(grownKb) / 1024;
+}
+
+} // namespace
+
+BENCHMARK(BM_LoadPairingFile61MB)->Iterations(1)->Unit(benchmark::kMillisecond);
