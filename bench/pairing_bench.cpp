@@ -27,7 +27,10 @@ void BM_LoadPairingFile61MB(benchmark::State& state)
     QByteArray bytes;
     bytes.reserve(kPairingLines * 13);
     for (int i = 0; i < kPairingLines; ++i)
-        bytes += QByteArray::asprintf("%05d|%05d\r\n", i % kSoundNumberSlots, (i * 7) % kSoundNumberSlots);
+        bytes += QStringLiteral("%1|%2\r\n")
+                     .arg(i % kSoundNumberSlots, 5, 10, QLatin1Char('0'))
+                     .arg((i * 7) % kSoundNumberSlots, 5, 10, QLatin1Char('0'))
+                     .toLatin1();
     bench::writeFile(path, bytes);
     bytes = QByteArray();
     long grownKb = 0;
