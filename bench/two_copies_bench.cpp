@@ -40,7 +40,7 @@ QString resultLine(int copy, int number)
 }
 
 // One copy: appends results and moves words until killed; after each append the program was told
-// succeeded, its number goes down the pipe. A copy with a failing disk has every fifth write fail.
+// succeeded, its number goes down the pipe. A copy with a failing disk has every third write fail.
 [[noreturn]] void runCopy(const QString& folder, int copy, bool failingDisk, int acknowledged, unsigned seed)
 {
     try {
@@ -53,7 +53,7 @@ QString resultLine(int copy, int number)
         session.known_file = folder + QStringLiteral("/users/s%1/words-k.txt").arg(copy);
         std::mt19937 random(seed);
         for (int number = 1;; ++number) {
-            if (failingDisk && number % 5 == 0)
+            if (failingDisk && number % 3 == 0)
                 file_faults::failAt(file_faults::Step::write, 1, ENOSPC);
             if (append_test_result(resultLine(copy, number), nullptr)) {
                 const int sent = number;
@@ -104,7 +104,7 @@ void BM_TwoCopiesAppendResultsAndMoveWords(benchmark::State& state)
             }
             ::close(pipes[copy][1]);
         }
-        const timespec pause{0, 2'000'000L + static_cast<long>(random() % 30'000'000L)};
+        const timespec pause{0, 20'000'000L + static_cast<long>(random() % 60'000'000L)};
         nanosleep(&pause, nullptr);
         for (int copy = 0; copy < 2; ++copy) {
             kill(children[copy], SIGKILL);
