@@ -34,14 +34,15 @@ namespace {
 
 constexpr int kEntries = 100;
 
-QString resultLine(int copy, int number)
+QString resultLine(long round, int copy, int number)
 {
-    return QStringLiteral("copy %1 result %2").arg(copy).arg(number);
+    return QStringLiteral("round %1 copy %2 result %3").arg(round).arg(copy).arg(number);
 }
 
 // One copy: appends results and moves words until killed; after each append the program was told
 // succeeded, its number goes down the pipe. A copy with a failing disk has every third write fail.
-[[noreturn]] void runCopy(const QString& folder, int copy, bool failingDisk, int acknowledged, unsigned seed)
+[[noreturn]] void runCopy(const QString& folder, long round, int copy, bool failingDisk, int acknowledged,
+                          unsigned seed)
 {
     try {
         QDir::setCurrent(folder);
@@ -55,7 +56,7 @@ QString resultLine(int copy, int number)
         for (int number = 1;; ++number) {
             if (failingDisk && number % 3 == 0)
                 file_faults::failAt(file_faults::Step::write, 1, ENOSPC);
-            if (append_test_result(resultLine(copy, number), nullptr)) {
+            if (append_test_result(resultLine(round, copy, number), nullptr)) {
                 const int sent = number;
                 if (::write(acknowledged, &sent, sizeof sent) != sizeof sent)
                     break;
@@ -88,7 +89,9 @@ void BM_TwoCopiesAppendResultsAndMoveWords(benchmark::State& state)
     QSet<QString> told;
     long entriesLost = 0;
     long leftBeside = 0;
+    long rounds = 0;
     for (auto _ : state) {
+        ++rounds;
         int pipes[2][2];
         pid_t children[2];
         for (int copy = 0; copy < 2; ++copy) {
@@ -100,7 +103,7 @@ void BM_TwoCopiesAppendResultsAndMoveWords(benchmark::State& state)
             children[copy] = fork();
             if (children[copy] == 0) {
                 ::close(pipes[copy][0]);
-                runCopy(folder.path(), copy, copy == 1, pipes[copy][1], seed);
+                runCopy(folder.path(), rounds, copy, copy == 1, pipes[copy][1], seed);
             }
             ::close(pipes[copy][1]);
         }
@@ -111,7 +114,7 @@ void BM_TwoCopiesAppendResultsAndMoveWords(benchmark::State& state)
             waitpid(children[copy], nullptr, 0);
             int number = 0;
             while (::read(pipes[copy][0], &number, sizeof number) == sizeof number)
-                told.insert(resultLine(copy, number));
+                told.insert(resultLine(rounds, copy, number));
             ::close(pipes[copy][0]);
         }
 
