@@ -92,6 +92,11 @@ QString changesFile(const QString& languagesFolder, const QString& language)
     return languageFolder(languagesFolder, language) + QStringLiteral("changes_") + language + QStringLiteral(".dat");
 }
 
+QString languageLockFile(const QString& languagesFolder, const QString& language)
+{
+    return languageFolder(languagesFolder, language) + kLockName;
+}
+
 QString releasedRecording(const QString& languagesFolder, const QString& language, const QString& soundNumber)
 {
     return recording(languagesFolder, language, QString(), soundNumber, QStringLiteral(".mp3"));

@@ -9,8 +9,11 @@ namespace quorvane::paths {
 inline const QString kListSuffix = QStringLiteral(".txt");
 inline const QString kKnownSuffix = QStringLiteral("-k.txt");
 inline const QString kUnknownSuffix = QStringLiteral("-u.txt");
-// A file being rewritten is written beside its name, under the name followed by this suffix.
+// A file being rewritten is written beside its name, under the name followed by the writer's own
+// mark (".<process id>-<count>") and this suffix.
 inline const QString kRewriteSuffix = QStringLiteral(".rewrite.tmp");
+// The lock file of a language's shared files, in its folder; no scan of a folder lists it.
+inline const QString kLockName = QStringLiteral(".lock");
 
 // The program folder's own folders.
 QString programFolder();
@@ -30,6 +33,9 @@ QString transFile(const QString& languagesFolder, const QString& language);
 QString transIndexFile(const QString& languagesFolder, const QString& language, const QString& target);
 QString highestNumberFile(const QString& languagesFolder, const QString& language);
 QString changesFile(const QString& languagesFolder, const QString& language);
+// The lock taken around every change of a language's shared files (lists, master, change log,
+// highest_num, pairing files).
+QString languageLockFile(const QString& languagesFolder, const QString& language);
 
 // Recordings: the released one, <language>/<two digits>/<number>.mp3; the new ones a contributor
 // made, <language>/new_str/<two digits>/<number>.str; and the new_wav and new_mp3 folders a test
