@@ -12,6 +12,7 @@
 #include "widgets/list_box.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QDir>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -263,11 +264,20 @@ void MainWindow::exit_program_click()
 void MainWindow::Exit_click()
 {
     // Ends every running drill or wait, closes every window and the sound library, and leaves.
+    if (m_leaving)
+        return;
+    m_leaving = true;
     m_session->stop_flag = flags::kYes;
     m_session->sound.close();
     QApplication::closeAllWindows();
     hide();
     QCoreApplication::exit(0);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    Exit_click();
 }
 
 void MainWindow::Instructions2_click()
