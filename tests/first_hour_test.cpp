@@ -1,13 +1,16 @@
 // A new user's first hour: the real boxes inside the program's own event loop, signals, keys.
 
+#include "quiz/test_window.h"
 #include "store/paths.h"
 #include "test_support.h"
 #include "widgets/qt_prompts.h"
 
 #include <QApplication>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
+#include <QRadioButton>
 #include <QRegularExpression>
 #include <QTest>
 #include <QTimer>
@@ -187,4 +190,124 @@ TEST(FirstHour, SigtermLeavesThroughExit)
     EXPECT_FALSE(p.main);
     EXPECT_FALSE(QFileInfo::exists(lock));
     EXPECT_FALSE(p.sound.initialised);
+}
+
+namespace {
+
+// Makes window the active one, as the window manager does with a window that opens.
+void activate(QWidget* window)
+{
+    window->activateWindow();
+    QApplication::processEvents();
+    ASSERT_EQ(QApplication::activeWindow(), window);
+}
+
+// Presses key where window has its keyboard focus (the window itself when nothing has it).
+void press(QWidget* window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    QTest::keyClick(window->focusWidget() ? window->focusWidget() : window, key, modifiers);
+}
+
+// Presses Tab until control has the focus; fails after a round longer than any window's.
+void tabTo(QWidget* window, QWidget* control)
+{
+    for (int i = 0; i < 40 && window->focusWidget() != control; ++i)
+        press(window, Qt::Key_Tab);
+    ASSERT_EQ(window->focusWidget(), control) << control->objectName().toStdString();
+}
+
+// The lists and text boxes of window that a screen reader could not name.
+QStringList unnamedBoxes(const QWidget* window)
+{
+    QStringList names;
+    for (const QWidget* box : window->findChildren<QWidget*>()) {
+        const bool isBox =
+            box->inherits("QListWidget") || box->inherits("QLineEdit") || box->inherits("QPlainTextEdit");
+        if (isBox && box->accessibleName().isEmpty())
+            names.append(box->objectName());
+    }
+    return names;
+}
+
+} // namespace
+
+TEST(FirstHour, KeyboardAloneChoosesAListPlaysAndMovesAWordRunsTheCardsAndFinishesATest)
+{
+    Program p;
+    p.folder.write("languages/spanish/words.txt", courseEntry(0) + courseEntry(1) + courseEntry(2));
+    for (int i = 0; i < 3; ++i)
+        p.folder.write("languages/" + spanishPath(i), "W" + QByteArray::number(i));
+    p.folder.mkdir("languages/english"); // listed first, and chosen at the start
+    MainWindow* main = p.start();
+    EXPECT_EQ(unnamedBoxes(main), QStringList());
+    activate(main);
+
+    tabTo(main, main->lang_list);
+    press(main, Qt::Key_Down);
+    tabTo(main, main->lists_list);
+    EXPECT_TRUE(main->words_list->count() == 0) << "focus entering the lists chose one";
+    press(main, Qt::Key_Space);
+    tabTo(main, main->words_list);
+    p.sound.played.clear();
+    press(main, Qt::Key_Space);
+    press(main, Qt::Key_Down);
+    press(main, Qt::Key_Return);
+    EXPECT_EQ(p.sound.played,
+              QStringList({p.played(spanishPath(0)), p.played(spanishPath(1)), p.played(spanishPath(1))}));
+    press(main, Qt::Key_Delete);
+    EXPECT_EQ(p.folder.read("users/kestrin/spanish/words-k.txt"), courseEntry(1));
+
+    // The cards start from the keyboard; they stop as the window manager's close key closes them.
+    tabTo(main, main->flash_cards);
+    p.clock.at(5, [] { quorvane::window("qvplay")->close(); });
+    p.sound.played.clear();
+    press(main, Qt::Key_Space);
+    EXPECT_FALSE(p.sound.played.isEmpty());
+    EXPECT_TRUE(main->isVisible());
+
+    // A test with the window's own defaults, answers typed where the focus is at each question.
+    tabTo(main, main->test_me);
+    press(main, Qt::Key_Space);
+    auto* t = qobject_cast<TestWindow*>(quorvane::window("test"));
+    ASSERT_NE(t, nullptr);
+    EXPECT_EQ(unnamedBoxes(t), QStringList());
+    activate(t);
+    tabTo(t, t->multiple_choice);
+    press(t, Qt::Key_Down);
+    press(t, Qt::Key_Down);
+    ASSERT_TRUE(t->fill_in_blank->isChecked());
+    tabTo(t, t->begin_test);
+    QString answered;
+    for (int second = 1; second < 300; ++second) {
+        p.clock.at(second, [&] {
+            // Each question once, as soon as it shows: its translation, then Enter.
+            if (t->remaining->text() == answered || !t->test_word->text().startsWith("palabra"))
+                return;
+            answered = t->remaining->text();
+            QTest::keyClicks(t->focusWidget(), "word" + t->test_word->text().mid(7));
+            QTest::keyClick(t->focusWidget(), Qt::Key_Return);
+        });
+    }
+    press(t, Qt::Key_Space);
+    EXPECT_TRUE(p.folder.read("test_results.txt").contains("\twords\t10\t100%\t"))
+        << p.folder.read("test_results.txt").toStdString();
+}
+
+TEST(FirstHour, OpeningTheRecordWindowAndFocusingItsListsPlaysAndChoosesNothing)
+{
+    Program p;
+    openCourse(p);
+    p.sound.played.clear();
+    p.main()->record_word_list->click();
+    QWidget* record = quorvane::window("qvrecord");
+    ASSERT_NE(record, nullptr);
+    EXPECT_EQ(unnamedBoxes(record), QStringList());
+    QFocusEvent focusIn(QEvent::FocusIn, Qt::TabFocusReason);
+    QApplication::sendEvent(record->findChild<ListBox*>("span_list_w"), &focusIn);
+    p.prompts.shown.clear();
+    Program::press("qvrecord", "point8_single");
+    EXPECT_EQ(p.sound.played, QStringList());
+    EXPECT_EQ(p.prompts.texts(), QStringList({"You have to select a word on one of the lists. If you just added the "
+                                              "word and don't see it, you need to click the refresh button and then "
+                                              "look at the bottom of the list."}));
 }
