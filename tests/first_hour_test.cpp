@@ -2,6 +2,7 @@
 
 #include "quiz/test_window.h"
 #include "store/paths.h"
+#include "store/search.h"
 #include "test_support.h"
 #include "widgets/qt_prompts.h"
 
@@ -310,4 +311,25 @@ TEST(FirstHour, OpeningTheRecordWindowAndFocusingItsListsPlaysAndChoosesNothing)
     EXPECT_EQ(p.prompts.texts(), QStringList({"You have to select a word on one of the lists. If you just added the "
                                               "word and don't see it, you need to click the refresh button and then "
                                               "look at the bottom of the list."}));
+}
+
+TEST(FirstHour, TheReadmesPicturesExistAndItsSearchExampleHoldsOnTheSampleCourse)
+{
+    const QString root = QStringLiteral(QUORVANE_DEMO_DIR) + "/../../";
+    QFile readme(root + "README.md");
+    ASSERT_TRUE(readme.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(readme.readAll());
+    int pictures = 0;
+    for (const auto& link : QRegularExpression(R"(\]\((docs/[^)]+\.png)\))").globalMatch(text)) {
+        ++pictures;
+        EXPECT_TRUE(QFileInfo::exists(root + link.captured(1))) << link.captured(1).toStdString();
+    }
+    EXPECT_GE(pictures, 9);
+
+    ASSERT_TRUE(text.contains("(manana finds mañana)"));
+    MasterCache cache;
+    const auto found =
+        search_master(QStringLiteral(QUORVANE_DEMO_DIR) + "/languages/spanish/master_spanish.txt", 0, "manana", cache);
+    ASSERT_TRUE(found);
+    EXPECT_TRUE(found->words.contains(QString("mañana"))) << found->words.join("/").toStdString();
 }
