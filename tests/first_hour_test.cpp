@@ -260,11 +260,19 @@ TEST(FirstHour, KeyboardAloneChoosesAListPlaysAndMovesAWordRunsTheCardsAndFinish
 
     // The cards start from the keyboard; they stop as the window manager's close key closes them.
     tabTo(main, main->flash_cards);
-    p.clock.at(5, [] { quorvane::window("qvplay")->close(); });
+    int points[2] = {0, 0}; // the words' size on the card as it opened, then on a card twice as large
+    p.clock.at(5, [&] {
+        QWidget* cards = quorvane::window("qvplay");
+        points[0] = cards->findChild<QLabel*>("word_lbl")->font().pointSize();
+        cards->resize(cards->size() * 2);
+        points[1] = cards->findChild<QLabel*>("word_lbl")->font().pointSize();
+        cards->close();
+    });
     p.sound.played.clear();
     press(main, Qt::Key_Space);
     EXPECT_FALSE(p.sound.played.isEmpty());
     EXPECT_TRUE(main->isVisible());
+    EXPECT_GT(points[1], points[0]);
 
     // A test with the window's own defaults, answers typed where the focus is at each question.
     tabTo(main, main->test_me);
