@@ -24,8 +24,9 @@ using namespace quorvane::test;
 
 namespace {
 
-// Answers every real box the program shows, as a user would: input boxes get the next answer and
-// OK, message boxes OK (or Yes). Each box is noted as "parent window|text".
+// Answers every real box the program shows, as a user would: input boxes get the next answer ("="
+// keeps what the box offers) and OK, message boxes OK (or Yes). Each box is noted as "parent
+// window|text", and what each input box offered before typing.
 class BoxAnswerer : public QObject
 {
 public:
@@ -43,6 +44,7 @@ public:
         return nullptr;
     }
     QStringList seen;
+    QStringList offered;
 
 private:
     void answerOpenBoxes()
@@ -53,7 +55,10 @@ private:
         const QString parent = box->parentWidget() ? box->parentWidget()->window()->objectName() : "(none)";
         if (auto* input = qobject_cast<QInputDialog*>(box)) {
             seen.append(parent + "|" + input->labelText());
-            input->setTextValue(m_answers.isEmpty() ? QString() : m_answers.takeFirst());
+            offered.append(input->textValue());
+            const QString answer = m_answers.isEmpty() ? QString() : m_answers.takeFirst();
+            if (answer != "=")
+                input->setTextValue(answer);
             input->accept();
         } else if (auto* message = qobject_cast<QMessageBox*>(box)) {
             seen.append(parent + "|" + message->text());
@@ -141,7 +146,7 @@ struct RealBoxesProgram
 TEST(FirstHour, RealBoxesShownWhileTheMainWindowIsHiddenLeaveTheProgramRunningUntilItsWindowCloses)
 {
     RealBoxesProgram p;
-    BoxAnswerer boxes({"kestrin", "99", "1", "", "words"});
+    BoxAnswerer boxes({"kestrin", "99", "=", "1", "", "words"});
     p.start();
     ASSERT_TRUE(p.main);
     const QString lock = paths::studentLockFile(p.main->session().user_folder);
@@ -151,6 +156,7 @@ TEST(FirstHour, RealBoxesShownWhileTheMainWindowIsHiddenLeaveTheProgramRunningUn
         [&] {
             // While the cards play: "# Repeats" answered out of range, then Pause.
             p.clock.at(5, [] { click("qvplay", "change_repeat"); });
+            p.clock.at(7, [] { click("qvplay", "change_repeat"); }); // OK on what it offers
             p.clock.at(10, [] { click("qvplay", "pause"); });
             QTest::mouseClick(p.main->flash_cards, Qt::LeftButton);
         },
@@ -171,7 +177,11 @@ TEST(FirstHour, RealBoxesShownWhileTheMainWindowIsHiddenLeaveTheProgramRunningUn
     // Every box after the name (asked before any window is open) had the window that asked as its parent.
     for (const QString& box : boxes.seen.mid(1))
         EXPECT_FALSE(box.startsWith("(none)|")) << box.toStdString();
-    EXPECT_TRUE(boxes.seen.contains("qvplay|That was too few or too many. It is now set to 3."));
+    EXPECT_EQ(boxes.seen.count("qvplay|That was too few or too many. It is now set to 3."), 1);
+    // The number boxes offer the count in use (3 once reset) or what their texts recommend; names start empty.
+    ASSERT_EQ(boxes.offered.size(), 6);
+    EXPECT_GT(boxes.offered[1].toInt(), 0);
+    EXPECT_EQ(boxes.offered.mid(2), QStringList({"3", "50", "5", ""}));
     EXPECT_TRUE(boxes.seen.contains("edit_list|That file already exits.")) << boxes.seen.join("\n").toStdString();
     EXPECT_GE(boxes.seen.filter(QRegularExpression("^qvrecord\\|")).size(), 2) << boxes.seen.join("\n").toStdString();
     // Leaving the loop took the window, and with it the student's lock.
