@@ -61,6 +61,12 @@ void click(const char* windowName, const char* name)
     QTest::mouseClick(button, Qt::LeftButton);
 }
 
+void closeWindow(const char* name)
+{
+    if (QWidget* open = quorvane::window(name))
+        open->close();
+}
+
 } // namespace
 
 TEST(FirstHour, RealBoxesShownWhileTheMainWindowIsHiddenLeaveTheProgramRunningUntilSigtermLeavesAsExitDoes)
@@ -88,13 +94,13 @@ TEST(FirstHour, RealBoxesShownWhileTheMainWindowIsHiddenLeaveTheProgramRunningUn
         QTest::mouseClick(main->flash_cards, Qt::LeftButton);
         click("qvplay", "create_mp3");
         click("qvplay", "auto_mp3");
-        quorvane::window("qvplay")->close();
+        closeWindow("qvplay");
         QTest::mouseClick(main->record_word_list, Qt::LeftButton);
         click("qvrecord", "Command1");
         click("edit_list", "start_new_list");
-        quorvane::window("edit_list")->close();
+        closeWindow("edit_list");
         click("qvrecord", "zip");
-        quorvane::window("qvrecord")->close();
+        closeWindow("qvrecord");
         // Still in the loop only if no box ended it.
         QTimer::singleShot(0, [&] {
             stillRunning = true;
