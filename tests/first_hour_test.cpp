@@ -1,6 +1,7 @@
 // A new user's first hour: real boxes inside the program's own event loop, signals, the keyboard.
 
 #include "quiz/test_window.h"
+#include "record/record_window.h"
 #include "store/paths.h"
 #include "store/search.h"
 #include "test_support.h"
@@ -250,6 +251,11 @@ TEST(FirstHour, OpeningTheRecordWindowAndFocusingItsListsPlaysAndChoosesNothing)
     p.prompts.shown.clear();
     Program::press("qvrecord", "point8_single");
     EXPECT_EQ(p.sound.played, QStringList());
+    // A long packing text wraps in its place: the window keeps its width.
+    const int width = record->width();
+    static_cast<RecordWindow*>(record)->show_packing_progress(QString("Packing the recordings ").repeated(12));
+    QApplication::processEvents();
+    EXPECT_EQ(record->width(), width);
     EXPECT_EQ(p.prompts.texts(), QStringList({"You have to select a word on one of the lists. If you just added the "
                                               "word and don't see it, you need to click the refresh button and then "
                                               "look at the bottom of the list."}));
