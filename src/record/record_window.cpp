@@ -183,6 +183,13 @@ void RecordWindow::buildLayout()
         durations->addWidget(pairs[i].second, i + 1, 1);
     }
     durations->addWidget(unlimited, int(pairs.size()) + 1, 0);
+    // Tab follows the columns: the lists, the word and its editing, then the durations row by row.
+    QList<QWidget*> order{span_list_w, eng_list_w,        span_list_wo,        eng_list_wo, left_word,     right_word,
+                          Check1,      add_word,          save_text,           delete_word, refresh_lists, Command1,
+                          zip,         instructions_text, instructions_record, license,     exit_button};
+    for (const auto& [single, many] : pairs)
+        order << single << many;
+    controls::tabOrder(order << unlimited << record_speed << stop_auto_record);
     durations->addWidget(record_speed, int(pairs.size()) + 1, 1);
 
     auto* recording = new QVBoxLayout;

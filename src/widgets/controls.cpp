@@ -81,7 +81,7 @@ void labelFor(QLabel* label, QWidget* control)
     announceAs(control, text.simplified());
 }
 
-void tabOrder(std::initializer_list<QWidget*> controls)
+void tabOrder(const QList<QWidget*>& controls)
 {
     QWidget* previous = nullptr;
     for (QWidget* control : controls) {

@@ -1,9 +1,8 @@
 #pragma once
 
 #include <QFont>
+#include <QList>
 #include <QString>
-
-#include <initializer_list>
 
 class QCheckBox;
 class QLabel;
@@ -41,7 +40,7 @@ ListBox* listBox(QWidget* parent, const QString& name, const QFont& font);
 // announces (captioned controls are announced by their captions already).
 void labelFor(QLabel* label, QWidget* control);
 // Tab moves through controls in this order (the order the eye reads the window).
-void tabOrder(std::initializer_list<QWidget*> controls);
+void tabOrder(const QList<QWidget*>& controls);
 // The name a screen reader announces for a box with no label beside it.
 void announceAs(QWidget* control, const QString& accessibleName);
 
