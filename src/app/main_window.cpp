@@ -7,11 +7,13 @@
 #include "core/sound_library.h"
 #include "store/search_texts.h"
 #include "store/start_up.h"
+#include "widgets/announce_texts.h"
 #include "widgets/controls.h"
 #include "widgets/handler_guard.h"
 #include "widgets/list_box.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QDir>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -85,6 +87,13 @@ void MainWindow::buildControls()
     Label5 = makeLabel(QStringLiteral("Label5"));
     Label6 = makeLabel(QStringLiteral("Label6"));
     Label4->setWordWrap(true);
+    controls::labelFor(Label1, lang_list);
+    controls::labelFor(Label3, lists_list);
+    controls::labelFor(Label2, known_lists);
+    controls::announceAs(words_list, announce_texts::kWords);
+    controls::announceAs(words_liste, announce_texts::kTranslations);
+    controls::announceAs(txt_word_search, announce_texts::kSearchWords);
+    controls::announceAs(txt_word_search2, announce_texts::kSearchTranslations);
     for (QLabel* heading : {Label1, Label3, Label2})
         heading->setStyleSheet(QStringLiteral("font-weight: bold"));
 
@@ -154,6 +163,9 @@ void MainWindow::buildControls()
     txt_word_search->hide();
     txt_word_search2->hide();
     Label9->hide();
+    controls::tabOrder({lang_list, lists_list, known_lists, txt_word_search, txt_word_search2, words_list, words_liste,
+                        flash_cards, small_flash, test_me, show_test_results, print_list, record_word_word,
+                        record_word_list, new_language, add_list, toggle_font, exit_program});
     resize(1000, 640);
 }
 
@@ -271,11 +283,20 @@ void MainWindow::exit_program_click()
 void MainWindow::Exit_click()
 {
     // Ends every running drill or wait, closes every window and the sound library, and leaves.
+    if (m_leaving)
+        return;
+    m_leaving = true;
     m_session->stop_flag = flags::kYes;
     m_session->sound.close();
     QApplication::closeAllWindows();
     hide();
     QCoreApplication::exit(0);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    Exit_click();
 }
 
 void MainWindow::Instructions2_click()

@@ -113,6 +113,10 @@ public slots:
     void show_test_results_click();
     void test_me_click();
 
+protected:
+    // Closing the main window ends the program as Exit does.
+    void closeEvent(QCloseEvent* event) override;
+
 private:
     void buildControls();
     QLabel* makeLabel(const QString& name);
@@ -134,6 +138,8 @@ private:
     QPointer<SmallFlashWindow> m_smallFlashWindow;
     // "yes" while a click on a word makes the translation box follow, "no" the other way round.
     QString m_syncFlag;
+    // True once Exit runs: closing every window closes this one too.
+    bool m_leaving = false;
 
     // Searching the master list, pairing with the translation language, new languages and new
     // lists (main_window_search.cpp).

@@ -1,6 +1,7 @@
 #include "app/start.h"
 
 #include "app/main_window.h"
+#include "app/quit_signals.h"
 #include "core/clock.h"
 #include "core/session.h"
 #include "sound/sdl_sound.h"
@@ -61,6 +62,11 @@ QWidget* start(const QString& programFolder, Prompts* prompts, SoundLibrary* sou
     controls::installFontSubstitutions();
     auto* window = new MainWindow(*prompts, *sound, *clock);
     owned.release()->setParent(window);
+    // Only the main window (closed, or Exit) and SIGINT or SIGTERM end the program, never a box;
+    // when the event loop ends the window goes, and with it the student's lock and the sound.
+    QApplication::setQuitOnLastWindowClosed(false);
+    install_quit_signals(window, [window] { window->Exit_click(); });
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, window, [window] { delete window; });
     window->form_load();
     window->show();
     return window;

@@ -4,6 +4,7 @@
 #include "core/session.h"
 #include "editor/list_editor.h"
 #include "editor/texts.h"
+#include "widgets/announce_texts.h"
 #include "widgets/controls.h"
 #include "widgets/handler_guard.h"
 
@@ -34,6 +35,7 @@ EditListWindow::EditListWindow(Session& session, QWidget* parent) : QWidget(pare
     Label1->setWordWrap(true);
     list_name = controls::label(this, QStringLiteral("list_name"), QString(), controls::font(controls::kSansSerif, 8));
     TextBox1 = controls::textBox(this, QStringLiteral("TextBox1"), controls::font(controls::kArial, 10));
+    controls::announceAs(TextBox1, announce_texts::kListText);
     TextBox1->setLineWrapMode(QPlainTextEdit::NoWrap);
 
     connect(save_and_exit, &QPushButton::clicked, this, &EditListWindow::save_and_exit_click);

@@ -20,7 +20,7 @@ constexpr qint16 kDefaultRepeats = 3;
 
 void askNumber(Session& session, const QString& prompt, qint16& setting)
 {
-    if (const auto value = basic::toInteger(session.prompts.input(prompt)))
+    if (const auto value = basic::toInteger(session.prompts.input(prompt, QString(), QString::number(setting))))
         setting = *value;
 }
 
@@ -28,7 +28,10 @@ void askNumber(Session& session, const QString& prompt, qint16& setting)
 
 void ask_repeat_count(Session& session)
 {
-    const QString answer = session.prompts.input(flash_texts::repeatCountPrompt());
+    // The box offers the count in use (or the usual one), so OK alone is never refused.
+    const bool inRange = session.repeat_count >= kFewestRepeats && session.repeat_count <= kMostRepeats;
+    const QString answer = session.prompts.input(flash_texts::repeatCountPrompt(), QString(),
+                                                 QString::number(inRange ? session.repeat_count : kDefaultRepeats));
     // An answer that is no 16-bit number counts as out of range.
     if (const auto count = basic::toInteger(answer)) {
         session.repeat_count = *count;
@@ -42,8 +45,11 @@ void ask_repeat_count(Session& session)
 void change_speed(Session& session, CardStyle kind)
 {
     const bool large = kind == CardStyle::large;
-    const QString entry = session.prompts.input(
-        large ? flash_texts::largeSpeedPrompt() : flash_texts::smallSpeedPrompt(), flash_texts::speedTitle());
+    const float usual = large ? 0.2f : 0.1f;
+    const bool inRange = session.speed >= kFastestSpeed && session.speed <= kSlowestSpeed;
+    const QString entry =
+        session.prompts.input(large ? flash_texts::largeSpeedPrompt() : flash_texts::smallSpeedPrompt(),
+                              flash_texts::speedTitle(), QString::number(double(inRange ? session.speed : usual)));
     const auto speed = basic::toSingle(entry);
     if (!speed)
         return;
@@ -54,7 +60,7 @@ void change_speed(Session& session, CardStyle kind)
             session.silence_count = *pieces;
     }
     if (session.speed < kFastestSpeed || session.speed > kSlowestSpeed) {
-        session.speed = large ? 0.2f : 0.1f;
+        session.speed = usual;
         session.prompts.message(large ? flash_texts::largeSpeedRefused() : flash_texts::smallSpeedRefused());
     }
 }

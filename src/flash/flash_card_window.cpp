@@ -13,6 +13,9 @@
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
+#include <QResizeEvent>
+
+#include <algorithm>
 
 namespace quorvane {
 
@@ -30,8 +33,9 @@ FlashCardWindow::FlashCardWindow(Session& session, CardStyle style, QWidget* par
 
     const bool large = style == CardStyle::large;
     const int buttonPoints = large ? 10 : 8;
-    word_lbl = makeLabel(QStringLiteral("word_lbl"), large ? 48 : 16, true);
-    word_lbl2 = makeLabel(QStringLiteral("word_lbl2"), large ? 48 : 16, true);
+    m_wordPoints = large ? 48 : 16;
+    word_lbl = makeLabel(QStringLiteral("word_lbl"), m_wordPoints, true);
+    word_lbl2 = makeLabel(QStringLiteral("word_lbl2"), m_wordPoints, true);
     for (QLabel* label : {word_lbl, word_lbl2}) {
         label->setAlignment(Qt::AlignCenter);
         label->setWordWrap(true);
@@ -186,6 +190,21 @@ void FlashCardWindow::form_unload()
     m_unloaded = true;
     m_session.stop_flag = kYes;
     m_session.mainView().show_main_window();
+}
+
+void FlashCardWindow::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    if (m_firstSize.isEmpty())
+        m_firstSize = event->size();
+    const double scale = std::min(double(event->size().width()) / m_firstSize.width(),
+                                  double(event->size().height()) / m_firstSize.height());
+    const int points = std::max(m_wordPoints, int(m_wordPoints * scale));
+    for (QLabel* label : {word_lbl, word_lbl2}) {
+        QFont font = label->font();
+        font.setPointSize(points);
+        label->setFont(font);
+    }
 }
 
 void FlashCardWindow::closeEvent(QCloseEvent* event)

@@ -68,6 +68,8 @@ public slots:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    // The words grow with the card: larger than the first size, larger type.
+    void resizeEvent(QResizeEvent* event) override;
 
     // Runs a handler so that no exception reaches the event loop.
     void guarded(const std::function<void()>& handler);
@@ -79,6 +81,8 @@ protected:
 private:
     const CardStyle m_style;
     bool m_unloaded = false;
+    int m_wordPoints = 0;
+    QSize m_firstSize;
 };
 
 } // namespace quorvane

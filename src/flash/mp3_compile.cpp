@@ -28,6 +28,10 @@ constexpr int kWordsPerFile = 100;
 constexpr int kWordsPerProgress = 10;
 constexpr float kProgressWait = 0.15f;
 constexpr double kSilencePiece = 0.2;
+// What each box offers before anything is typed: the values its own text recommends.
+const QString kRecommendedWords = QStringLiteral("50");
+const QString kRecommendedRepeats = QStringLiteral("5");
+const QString kRecommendedSilence = QStringLiteral("0.5");
 const QByteArray kLineEnd = QByteArrayLiteral("\r\n");
 
 // The bytes of every piece, read once per run: a word list names the same few pieces thousands
@@ -121,7 +125,8 @@ QString recording_path(const Session& session, const QString& soundNumber, const
 
 void create_mp3(Session& session)
 {
-    if (const auto words = basic::toInteger(session.prompts.input(flash_texts::createMp3Prompt())))
+    if (const auto words =
+            basic::toInteger(session.prompts.input(flash_texts::createMp3Prompt(), QString(), kRecommendedWords)))
         session.mp3_words_left = *words;
     QFile::remove(paths::mp3OutputFile());
     QFile::remove(mp3_capture_file());
@@ -136,12 +141,14 @@ void auto_mp3(Session& session, const Mp3Progress& progress)
         return;
     }
     // Cancel gives an empty entry; an entry that is no number is taken the same way.
-    const auto repeats = basic::toInteger(prompts.input(flash_texts::autoMp3RepeatPrompt()));
+    const auto repeats =
+        basic::toInteger(prompts.input(flash_texts::autoMp3RepeatPrompt(), QString(), kRecommendedRepeats));
     if (!repeats) {
         prompts.message(flash_texts::cancelled());
         return;
     }
-    const auto pieces = silencePieces(prompts.input(flash_texts::autoMp3SilencePrompt()));
+    const auto pieces =
+        silencePieces(prompts.input(flash_texts::autoMp3SilencePrompt(), QString(), kRecommendedSilence));
     if (!pieces) {
         prompts.message(flash_texts::cancelled());
         return;

@@ -4,6 +4,7 @@
 #include "core/session.h"
 #include "quiz/texts.h"
 #include "store/text_files.h"
+#include "widgets/announce_texts.h"
 #include "widgets/controls.h"
 #include "widgets/handler_guard.h"
 
@@ -38,6 +39,7 @@ TestResultsWindow::TestResultsWindow(Session& session, QWidget* parent)
     setFont(text);
 
     TextBox1 = controls::textBox(this, QStringLiteral("TextBox1"), QFont(QStringLiteral("Courier New"), kTextPoints));
+    controls::announceAs(TextBox1, announce_texts::kResults);
     TextBox1->setLineWrapMode(QPlainTextEdit::NoWrap);
     Label1 = controls::label(this, QStringLiteral("Label1"), quiz_texts::resultsNote(), text);
     Label1->setWordWrap(true);

@@ -28,6 +28,8 @@ constexpr int kTextPoints = 10;
 constexpr int kWordPoints = 24;
 constexpr int kChoicePoints = 12;
 constexpr int kEnterKey = 13;
+constexpr int kDefaultQuestions = 10;
+constexpr int kDefaultSeconds = 10;
 const QColor kWrongColour(255, 128, 0);
 constexpr int kSetUpWidth = 300;
 
@@ -83,6 +85,9 @@ void TestWindow::buildControls()
     fill_in_blank =
         controls::optionButton(this, QStringLiteral("fill_in_blank"), quiz_texts::fillInBlankCaption(), text);
     multiple_choice->setChecked(true);
+    // A first Begin Test works: ten questions of ten seconds each.
+    num_qs->setText(QString::number(kDefaultQuestions));
+    num_secs->setText(QString::number(kDefaultSeconds));
     begin_test = controls::button(this, QStringLiteral("begin_test"), quiz_texts::beginCaption(), bold);
     stop = controls::button(this, QStringLiteral("stop"), quiz_texts::stopCaption(), text);
     exit = controls::button(this, QStringLiteral("exit"), quiz_texts::exitCaption(), text);
@@ -109,6 +114,13 @@ void TestWindow::buildControls()
     c4 = m_choices[3];
     c5 = m_choices[4];
     c6 = m_choices[5];
+    controls::labelFor(Label3, list1);
+    controls::labelFor(Label2, List2);
+    controls::labelFor(q_lbl, num_qs);
+    controls::labelFor(sec_lbl, num_secs);
+    controls::labelFor(answer_lbl, Text1);
+    controls::tabOrder({list1, List2, num_qs, num_secs, multiple_choice, spelling, fill_in_blank, begin_test, Text1, c1,
+                        c2, c3, c4, c5, c6, stop, exit});
     test_word->setAlignment(Qt::AlignCenter);
     test_word->setWordWrap(true);
     time_remaining->setStyleSheet(QStringLiteral("color: #12306b;"));
@@ -251,6 +263,9 @@ void TestWindow::showAnswerBox(bool visible)
 void TestWindow::clearTypedText()
 {
     Text1->clear();
+    // Each typed question starts with the answer box ready for the first key.
+    if (!Text1->isHidden())
+        Text1->setFocus();
 }
 
 void TestWindow::showWord(const QString& text)

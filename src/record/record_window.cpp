@@ -6,6 +6,7 @@
 #include "record/record_lists.h"
 #include "record/texts.h"
 #include "store/paths.h"
+#include "widgets/announce_texts.h"
 #include "widgets/controls.h"
 #include "widgets/handler_guard.h"
 #include "widgets/list_box.h"
@@ -78,6 +79,12 @@ void RecordWindow::buildControls()
     left_word = controls::lineEdit(this, QStringLiteral("left_word"), controls::font(controls::kSansSerif, 10, true));
     right_word = controls::lineEdit(this, QStringLiteral("right_word"), controls::font(controls::kSansSerif, 10, true));
     setBackground(left_word, QPalette::Base, kWhite);
+    controls::announceAs(span_list_w, announce_texts::kWordsWithSounds);
+    controls::announceAs(eng_list_w, announce_texts::kTranslationsWithSounds);
+    controls::announceAs(span_list_wo, announce_texts::kWordsWithoutSounds);
+    controls::announceAs(eng_list_wo, announce_texts::kTranslationsWithoutSounds);
+    controls::announceAs(left_word, announce_texts::kWord);
+    controls::announceAs(right_word, announce_texts::kTranslation);
     setBackground(right_word, QPalette::Base, kGrey);
     filenum_lbl = makeLabel(QStringLiteral("filenum_lbl"), QString(), 10, true);
     take_level_lbl = makeLabel(QStringLiteral("take_level_lbl"), QString(), 9);
@@ -94,6 +101,9 @@ void RecordWindow::buildControls()
     countdown->setAlignment(Qt::AlignCenter);
     countdown->setAutoFillBackground(true);
     countdown->setMinimumHeight(48);
+    // Long packing texts wrap inside the column instead of widening the window.
+    countdown->setWordWrap(true);
+    countdown->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 
     point8_single = makeButton(QStringLiteral("point8_single"), QStringLiteral("0.8 second"));
     point8_many = makeButton(QStringLiteral("point8_many"), QStringLiteral("0.8 second"));
@@ -173,6 +183,13 @@ void RecordWindow::buildLayout()
         durations->addWidget(pairs[i].second, i + 1, 1);
     }
     durations->addWidget(unlimited, int(pairs.size()) + 1, 0);
+    // Tab follows the columns: the lists, the word and its editing, then the durations row by row.
+    QList<QWidget*> order{span_list_w, eng_list_w,        span_list_wo,        eng_list_wo, left_word,     right_word,
+                          Check1,      add_word,          save_text,           delete_word, refresh_lists, Command1,
+                          zip,         instructions_text, instructions_record, license,     exit_button};
+    for (const auto& [single, many] : pairs)
+        order << single << many;
+    controls::tabOrder(order << unlimited << record_speed << stop_auto_record);
     durations->addWidget(record_speed, int(pairs.size()) + 1, 1);
 
     auto* recording = new QVBoxLayout;
@@ -361,6 +378,9 @@ void RecordWindow::wordClicked(const QString& kind)
     guarded([this, &kind] {
         const int row = spanList(kind)->currentRow();
         engList(kind)->setRowQuietly(row);
+        // A word the user picks shows no take of another; a recording run moving on keeps its last.
+        if (m_session.recording_active != flags::kYes)
+            take_level_lbl->clear();
         const ChosenRow chosen = choose_row(state, kind, row);
         const QFont font = controls::font(controls::kSansSerif, chosen.font.points, chosen.font.bold);
         left_word->setFont(font);

@@ -73,4 +73,27 @@ ListBox* listBox(QWidget* parent, const QString& name, const QFont& font)
     return box;
 }
 
+void labelFor(QLabel* label, QWidget* control)
+{
+    label->setBuddy(control);
+    QString text = label->text();
+    text.remove(u'&');
+    announceAs(control, text.simplified());
+}
+
+void tabOrder(const QList<QWidget*>& controls)
+{
+    QWidget* previous = nullptr;
+    for (QWidget* control : controls) {
+        if (previous)
+            QWidget::setTabOrder(previous, control);
+        previous = control;
+    }
+}
+
+void announceAs(QWidget* control, const QString& accessibleName)
+{
+    control->setAccessibleName(accessibleName);
+}
+
 } // namespace quorvane::controls

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFont>
+#include <QList>
 #include <QString>
 
 class QCheckBox;
@@ -34,6 +35,14 @@ QPlainTextEdit* textBox(QWidget* parent, const QString& name, const QFont& font)
 QRadioButton* optionButton(QWidget* parent, const QString& name, const QString& caption, const QFont& font);
 QCheckBox* checkBox(QWidget* parent, const QString& name, const QString& caption, const QFont& font);
 ListBox* listBox(QWidget* parent, const QString& name, const QFont& font);
+
+// A list or text box takes the label beside it as its buddy and as the name a screen reader
+// announces (captioned controls are announced by their captions already).
+void labelFor(QLabel* label, QWidget* control);
+// Tab moves through controls in this order (the order the eye reads the window).
+void tabOrder(const QList<QWidget*>& controls);
+// The name a screen reader announces for a box with no label beside it.
+void announceAs(QWidget* control, const QString& accessibleName);
 
 } // namespace controls
 

@@ -1,5 +1,7 @@
 #include "widgets/list_box.h"
 
+#include <QFocusEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 
 namespace quorvane {
@@ -28,6 +30,34 @@ void ListBox::mousePressEvent(QMouseEvent* event)
 {
     m_rowAtPress = currentRow();
     QListWidget::mousePressEvent(event);
+}
+
+void ListBox::focusInEvent(QFocusEvent* event)
+{
+    // Qt makes the first row current when the focus comes in: that is no click.
+    m_quiet = true;
+    QListWidget::focusInEvent(event);
+    m_quiet = false;
+}
+
+void ListBox::keyPressEvent(QKeyEvent* event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool ctrl = event->modifiers() & Qt::ControlModifier;
+    const bool click = (enter && !ctrl) || event->key() == Qt::Key_Space;
+    const bool doubleClick = (enter && ctrl) || event->key() == Qt::Key_Delete;
+    QListWidgetItem* current = currentItem();
+    if (!current || !(click || doubleClick)) {
+        QListWidget::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+    if (click || !current->isSelected()) {
+        current->setSelected(true);
+        runClick();
+    }
+    if (doubleClick && onDoubleClick)
+        onDoubleClick();
 }
 
 void ListBox::runClick()

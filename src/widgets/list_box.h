@@ -8,7 +8,9 @@ namespace quorvane {
 
 // A list box whose click handler runs once for every selection: by mouse, by keyboard, by a
 // click on the row already selected, and at once when a row is selected from code (select_row).
-// Double-clicks run onDoubleClick after the click of their first press.
+// Double-clicks run onDoubleClick after the click of their first press. Focus entering the box
+// runs nothing. Keys: Enter or Space clicks the current row again; Delete or Ctrl+Enter
+// double-clicks it (a row not yet clicked gets its click first).
 class ListBox : public QListWidget
 {
     Q_OBJECT
@@ -23,6 +25,8 @@ public:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void runClick();

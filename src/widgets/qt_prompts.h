@@ -8,10 +8,12 @@ class QWidget;
 
 namespace quorvane {
 
-// The real boxes: modal Qt message and input dialogs.
+// The real boxes: modal Qt message and input dialogs, each with the window that asked as its
+// parent (the one the user last clicked or typed in, when none is active).
 class QtPrompts : public Prompts
 {
 public:
+    QtPrompts();
     void message(const QString& text, const QString& title = QString()) override;
     bool okCancel(const QString& text, const QString& title = QString()) override;
     bool yesNo(const QString& text, const QString& title = QString()) override;
