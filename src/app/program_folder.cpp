@@ -1,0 +1,182 @@
+#include "app/program_folder.h"
+
+#include "app/command_line.h"
+#include "app/launch_texts.h"
+#include "app/start.h"
+#include "store/text_files.h"
+#include "store/texts.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+#include <QProgressDialog>
+#include <QWidget>
+
+#include <cstdio>
+
+namespace quorvane {
+
+namespace {
+
+// Answers the name question with the student given on the command line, once; every other box
+// goes to the real prompts.
+class StudentPrompts : public Prompts
+{
+public:
+    StudentPrompts(Prompts& prompts, const QString& student) : m_prompts(prompts), m_student(student) {}
+    void message(const QString& text, const QString& title) override { m_prompts.message(text, title); }
+    bool okCancel(const QString& text, const QString& title) override { return m_prompts.okCancel(text, title); }
+    bool yesNo(const QString& text, const QString& title) override { return m_prompts.yesNo(text, title); }
+    QString input(const QString& prompt, const QString& title, const QString& defaultText) override
+    {
+        if (!m_answered && title == texts::nameTitle() && prompt == texts::namePrompt()) {
+            m_answered = true;
+            return m_student;
+        }
+        return m_prompts.input(prompt, title, defaultText);
+    }
+
+private:
+    Prompts& m_prompts;
+    const QString m_student;
+    bool m_answered = false;
+};
+
+void print(std::FILE* stream, const QString& text)
+{
+    std::fputs(text.toLocal8Bit().constData(), stream);
+    std::fflush(stream);
+}
+
+} // namespace
+
+QString sampleCourseFolder(const QString& programDir)
+{
+    const QString installed = QDir::cleanPath(programDir + QStringLiteral("/../share/quorvane"));
+    if (QFileInfo(installed + QStringLiteral("/languages")).isDir())
+        return installed;
+    const QString hint = QDir(programDir).filePath(kSampleHint);
+    if (!QFileInfo::exists(hint))
+        return {};
+    const QString relative = readFirstLine(hint).trimmed();
+    const QString built = QDir::cleanPath(QDir(programDir).filePath(relative));
+    return !relative.isEmpty() && QFileInfo(built).isDir() ? built : QString();
+}
+
+bool copySampleCourse(const QString& sample, const QString& folder, const std::function<void(int, int)>& progress,
+                      QString* error)
+{
+    const QString staging = folder + QStringLiteral(".partial");
+    QDir(staging).removeRecursively();
+    auto fail = [&](const QString& cause) {
+        QDir(staging).removeRecursively();
+        if (error)
+            *error = cause;
+        return false;
+    };
+    if (!QDir().mkpath(staging))
+        return fail(QStringLiteral("the folder %1 cannot be made.").arg(launch_texts::path(staging)));
+
+    QStringList files;
+    const QDir source(sample);
+    QDirIterator it(sample, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (it.hasNext())
+        files.append(source.relativeFilePath(it.next()));
+    files.sort();
+    for (int i = 0; i < files.size(); ++i) {
+        QFile in(source.filePath(files[i]));
+        if (!in.open(QIODevice::ReadOnly))
+            return fail(QStringLiteral("%1 cannot be read (%2).").arg(launch_texts::path(in.fileName()), in.errorString()));
+        const QString target = QDir(staging).filePath(files[i]);
+        QString cause;
+        if (!QDir().mkpath(QFileInfo(target).absolutePath()) || !writeBytes(target, in.readAll(), &cause))
+            return fail(QStringLiteral("%1 cannot be written (%2).")
+                            .arg(launch_texts::path(target), cause.isEmpty() ? QStringLiteral("no folder") : cause));
+        if (progress)
+            progress(i + 1, files.size());
+    }
+    if (!QDir().rename(staging, folder))
+        return fail(QStringLiteral("%1 cannot be renamed to %2.").arg(launch_texts::path(staging), launch_texts::path(folder)));
+    return true;
+}
+
+Launcher::Launcher(Prompts& prompts, SoundLibrary* sound, Clock* clock)
+    : m_prompts(prompts), m_sound(sound), m_clock(clock)
+{
+}
+
+Launcher::~Launcher()
+{
+    delete m_window;
+}
+
+int Launcher::run(const QStringList& arguments, const QString& programDir, const QString& userFolder)
+{
+    const CommandLine line = parseCommandLine(arguments, userFolder);
+    if (line.action != CommandLine::Action::run) {
+        const bool failed = line.action == CommandLine::Action::fail;
+        print(failed ? stderr : stdout, line.output);
+        return failed ? 2 : 0;
+    }
+    QString folder = line.folder;
+    QString notice;
+    if (folder.isEmpty()) {
+        folder = userFolder;
+        if (!prepareUserFolder(folder, programDir, &notice))
+            return 1;
+        QString error;
+        if (!usableFolder(folder, &error)) {
+            print(stderr, QStringLiteral("quorvane: ") + error + QLatin1Char('\n'));
+            return 2;
+        }
+    }
+    Prompts* prompts = &m_prompts;
+    if (line.hasStudent) {
+        m_studentPrompts = std::make_unique<StudentPrompts>(m_prompts, line.student);
+        prompts = m_studentPrompts.get();
+    }
+    m_window = start(folder, prompts, m_sound, m_clock);
+    if (!notice.isEmpty()) {
+        print(stdout, notice + QLatin1Char('\n'));
+        m_prompts.message(notice, launch_texts::kFirstRunTitle);
+    }
+    return -1;
+}
+
+bool Launcher::prepareUserFolder(const QString& folder, const QString& programDir, QString* notice)
+{
+    if (QFileInfo::exists(folder))
+        return true;
+    const QString sample = sampleCourseFolder(programDir);
+    QString error;
+    bool made = false;
+    if (sample.isEmpty()) {
+        made = QDir().mkpath(folder);
+        error = QStringLiteral("the folder cannot be made.");
+        *notice = launch_texts::noSampleCourse(folder);
+    } else {
+        // Shown only when the copy takes longer than half a second.
+        QProgressDialog dialog(launch_texts::kCopyingSample, QString(), 0, 1);
+        dialog.setObjectName(QStringLiteral("copy_progress"));
+        dialog.setWindowTitle(launch_texts::kFirstRunTitle);
+        dialog.setWindowModality(Qt::ApplicationModal);
+        dialog.setMinimumDuration(500);
+        made = copySampleCourse(
+            sample, folder,
+            [&dialog](int done, int total) {
+                dialog.setMaximum(total);
+                dialog.setValue(done);
+            },
+            &error);
+        *notice = launch_texts::sampleCopied(folder);
+    }
+    if (!made) {
+        const QString text = launch_texts::folderNotMade(folder, error);
+        print(stderr, QStringLiteral("quorvane: ") + text + QLatin1Char('\n'));
+        m_prompts.message(text, launch_texts::kFirstRunTitle);
+    }
+    return made;
+}
+
+} // namespace quorvane
