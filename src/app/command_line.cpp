@@ -54,9 +54,8 @@ CommandLine parseCommandLine(const QStringList& arguments, const QString& userFo
     CommandLine line;
     if (parser.isSet(help) || parser.isSet(version)) {
         line.action = CommandLine::Action::print;
-        line.output = parser.isSet(help)
-                          ? parser.helpText()
-                          : QStringLiteral("quorvane %1\n").arg(QString::fromLatin1(product::kVersion));
+        line.output = parser.isSet(help) ? parser.helpText()
+                                         : QStringLiteral("quorvane %1\n").arg(QString::fromLatin1(product::kVersion));
         return line;
     }
     if (!parser.positionalArguments().isEmpty())

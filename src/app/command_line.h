@@ -9,8 +9,7 @@ namespace quorvane {
 // every refusal can be checked without starting a window.
 struct CommandLine
 {
-    enum class Action
-    {
+    enum class Action {
         run,   // start the program
         print, // print output on standard output and end with code 0 (--help, --version)
         fail,  // print output on standard error and end with code 2 (a bad option or folder)

@@ -7,7 +7,8 @@
 // first run.
 namespace quorvane::launch_texts {
 
-inline const QString kDescription = QStringLiteral("Quorvane, a vocabulary tutor: hear, sort and drill the words of a language.");
+inline const QString kDescription =
+    QStringLiteral("Quorvane, a vocabulary tutor: hear, sort and drill the words of a language.");
 inline const QString kFolderOption = QStringLiteral(
     "Use DIR as the program folder (\".\" is the current folder). Without it, Quorvane uses your own folder, %1.");
 inline const QString kFolderValue = QStringLiteral("DIR");

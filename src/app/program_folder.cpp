@@ -87,7 +87,8 @@ bool copySampleCourse(const QString& sample, const QString& folder, const std::f
     for (int i = 0; i < files.size(); ++i) {
         QFile in(source.filePath(files[i]));
         if (!in.open(QIODevice::ReadOnly))
-            return fail(QStringLiteral("%1 cannot be read (%2).").arg(launch_texts::path(in.fileName()), in.errorString()));
+            return fail(
+                QStringLiteral("%1 cannot be read (%2).").arg(launch_texts::path(in.fileName()), in.errorString()));
         const QString target = QDir(staging).filePath(files[i]);
         QString cause;
         if (!QDir().mkpath(QFileInfo(target).absolutePath()) || !writeBytes(target, in.readAll(), &cause))
@@ -97,7 +98,8 @@ bool copySampleCourse(const QString& sample, const QString& folder, const std::f
             progress(i + 1, files.size());
     }
     if (!QDir().rename(staging, folder))
-        return fail(QStringLiteral("%1 cannot be renamed to %2.").arg(launch_texts::path(staging), launch_texts::path(folder)));
+        return fail(
+            QStringLiteral("%1 cannot be renamed to %2.").arg(launch_texts::path(staging), launch_texts::path(folder)));
     return true;
 }
 

@@ -5,11 +5,10 @@
 #include <QPointer>
 #include <QString>
 #include <QStringList>
+#include <QWidget>
 
 #include <functional>
 #include <memory>
-
-class QWidget;
 
 namespace quorvane {
 

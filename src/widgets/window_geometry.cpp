@@ -67,8 +67,10 @@ void keepWindowGeometry(QWidget* window)
     const QScreen* screen = QGuiApplication::screenAt(saved.center());
     if (!screen)
         screen = QGuiApplication::primaryScreen();
+    // A window cannot be smaller than its contents allow; fitted at its real size, it stays whole.
+    const QRect wanted(saved.topLeft(), saved.size().expandedTo(window->minimumSizeHint()));
     if (screen)
-        window->setGeometry(fitOnScreen(saved, screen->availableGeometry()));
+        window->setGeometry(fitOnScreen(wanted, screen->availableGeometry()));
     if (settings.value(key(window) + QStringLiteral("_maximized")).toBool())
         window->setWindowState(window->windowState() | Qt::WindowMaximized);
 }
