@@ -60,4 +60,4 @@ screenshots: configure
 # The Debian package build/quorvane_<version>_amd64.deb, checked by lintian.
 package: build
 	cd $(BUILD) && cpack -G DEB
-	lintian --no-tag-display-limit $(BUILD)/quorvane_*_amd64.deb
+	lintian --tag-display-limit 0 $(BUILD)/quorvane_*_amd64.deb

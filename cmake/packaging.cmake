@@ -31,7 +31,8 @@ add_custom_target(quorvane_package_files ALL
 
 include(GNUInstallDirs)
 install(TARGETS quorvane RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR}/data/demo/ DESTINATION ${CMAKE_INSTALL_DATADIR}/quorvane)
+install(DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR}/data/demo/ DESTINATION ${CMAKE_INSTALL_DATADIR}/quorvane
+    PATTERN .gitattributes EXCLUDE)
 install(FILES ${QV_PACKAGING}/${QV_APP_ID}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${QV_PACKAGED}/${QV_APP_ID}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES ${QV_PACKAGING}/${QV_APP_ID}.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
@@ -61,12 +62,14 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://www.quorvane.example")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "vocabulary tutor with recorded words, flash cards and tests
- Quorvane helps a student learn the words of a language. Pick a language and one of
- its word lists, hear every word and its translation from real recordings, and sort
- the words into an unknown and a known list that are kept from one run to the next.
- .
- Flash cards play the words by themselves, a list can be compiled into MP3 files for
- a portable player, and timed tests check what was learned. A sample course comes
- with the program.")
+# CPack puts the summary on the first line and each line of this under it.
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+"Quorvane helps a student learn the words of a language. Pick a language and
+one of its word lists, hear every word and its translation from real
+recordings, and sort the words into an unknown and a known list that are kept
+from one run to the next.
+.
+Flash cards play the words by themselves, a list can be compiled into MP3
+files for a portable player, and timed tests check what was learned. A sample
+course comes with the program.")
 include(CPack)
