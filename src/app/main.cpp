@@ -9,18 +9,38 @@
 #include <QApplication>
 #include <QStandardPaths>
 
+namespace {
+
+void nameTheProgram()
+{
+    QCoreApplication::setApplicationName(QStringLiteral("quorvane"));
+    QCoreApplication::setApplicationVersion(QString::fromLatin1(quorvane::product::kVersion));
+}
+
+QString userFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+}
+
+} // namespace
+
 int main(int argc, char* argv[])
 {
+    // --help, --version and refusals are answered before any window system is needed.
+    {
+        QCoreApplication core(argc, argv);
+        nameTheProgram();
+        if (const int code = quorvane::answerWithoutWindow(QCoreApplication::arguments(), userFolder()); code >= 0)
+            return code;
+    }
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("quorvane"));
-    QApplication::setApplicationVersion(QString::fromLatin1(quorvane::product::kVersion));
+    nameTheProgram();
     QApplication::setDesktopFileName(QStringLiteral("org.quorvane.Quorvane"));
     quorvane::rememberWindowGeometry(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
                                      QStringLiteral("/windows.conf"));
 
     quorvane::QtPrompts prompts;
     quorvane::Launcher launcher(prompts);
-    const int code = launcher.run(QApplication::arguments(), QApplication::applicationDirPath(),
-                                  QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+    const int code = launcher.run(QApplication::arguments(), QApplication::applicationDirPath(), userFolder());
     return code >= 0 ? code : QApplication::exec();
 }

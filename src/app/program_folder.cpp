@@ -113,14 +113,21 @@ Launcher::~Launcher()
     delete m_window;
 }
 
-int Launcher::run(const QStringList& arguments, const QString& programDir, const QString& userFolder)
+int answerWithoutWindow(const QStringList& arguments, const QString& userFolder)
 {
     const CommandLine line = parseCommandLine(arguments, userFolder);
-    if (line.action != CommandLine::Action::run) {
-        const bool failed = line.action == CommandLine::Action::fail;
-        print(failed ? stderr : stdout, line.output);
-        return failed ? 2 : 0;
-    }
+    if (line.action == CommandLine::Action::run)
+        return -1;
+    const bool failed = line.action == CommandLine::Action::fail;
+    print(failed ? stderr : stdout, line.output);
+    return failed ? 2 : 0;
+}
+
+int Launcher::run(const QStringList& arguments, const QString& programDir, const QString& userFolder)
+{
+    if (const int code = answerWithoutWindow(arguments, userFolder); code >= 0)
+        return code;
+    const CommandLine line = parseCommandLine(arguments, userFolder);
     QString folder = line.folder;
     QString notice;
     if (folder.isEmpty()) {

@@ -28,6 +28,11 @@ inline const QString kSampleHint = QStringLiteral("sample-course-folder.txt");
 bool copySampleCourse(const QString& sample, const QString& folder, const std::function<void(int, int)>& progress,
                       QString* error);
 
+// Answers a command line that asks for no window (--help, --version, a bad option or folder):
+// prints the answer and returns the exit code; -1 when a window is wanted. Needs no display, only
+// a QCoreApplication, so that these answers work where no window can open.
+int answerWithoutWindow(const QStringList& arguments, const QString& userFolder);
+
 // Starts Quorvane as its command line asks. Kept by main() for the life of the program; owns
 // the main window it starts.
 class Launcher
