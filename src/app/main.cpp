@@ -7,6 +7,7 @@
 #include "widgets/window_geometry.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QStandardPaths>
 
 namespace {
@@ -36,6 +37,7 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     nameTheProgram();
     QApplication::setDesktopFileName(QStringLiteral("org.quorvane.Quorvane"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.quorvane.Quorvane")));
     quorvane::rememberWindowGeometry(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
                                      QStringLiteral("/windows.conf"));
 

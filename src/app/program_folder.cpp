@@ -13,7 +13,12 @@
 #include <QProgressDialog>
 #include <QWidget>
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace quorvane {
 
@@ -42,6 +47,17 @@ private:
     const QString m_student;
     bool m_answered = false;
 };
+
+// Writes everything pending on the file system that holds folder to the disk.
+bool syncFolder(const QString& folder)
+{
+    const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY);
+    if (descriptor < 0)
+        return false;
+    const bool synced = ::syncfs(descriptor) == 0;
+    ::close(descriptor);
+    return synced;
+}
 
 void print(std::FILE* stream, const QString& text)
 {
@@ -84,19 +100,27 @@ bool copySampleCourse(const QString& sample, const QString& folder, const std::f
     while (it.hasNext())
         files.append(source.relativeFilePath(it.next()));
     files.sort();
+    // The files are written straight into the staging folder, not through the atomic writer (nor
+    // QFile::copy, which goes through a temporary file too): the staging folder is the atomic unit,
+    // and one sync of the whole copy before its rename stands for a sync per file, which would
+    // make the first run take many seconds on a slow disk.
     for (int i = 0; i < files.size(); ++i) {
-        QFile in(source.filePath(files[i]));
-        if (!in.open(QIODevice::ReadOnly))
-            return fail(
-                QStringLiteral("%1 cannot be read (%2).").arg(launch_texts::path(in.fileName()), in.errorString()));
+        const QString from = source.filePath(files[i]);
         const QString target = QDir(staging).filePath(files[i]);
-        QString cause;
-        if (!QDir().mkpath(QFileInfo(target).absolutePath()) || !writeBytes(target, in.readAll(), &cause))
-            return fail(QStringLiteral("%1 cannot be written (%2).")
-                            .arg(launch_texts::path(target), cause.isEmpty() ? QStringLiteral("no folder") : cause));
+        QFile in(from);
+        if (!in.open(QIODevice::ReadOnly))
+            return fail(QStringLiteral("%1 cannot be read (%2).").arg(launch_texts::path(from), in.errorString()));
+        QFile out(target);
+        if (!QDir().mkpath(QFileInfo(target).absolutePath()) || !out.open(QIODevice::WriteOnly) ||
+            out.write(in.readAll()) != in.size() || !out.flush())
+            return fail(
+                QStringLiteral("%1 cannot be written (%2).").arg(launch_texts::path(target), out.errorString()));
         if (progress)
             progress(i + 1, files.size());
     }
+    if (!syncFolder(staging))
+        return fail(QStringLiteral("the copy in %1 cannot be saved to the disk (%2).")
+                        .arg(launch_texts::path(staging), QString::fromLocal8Bit(std::strerror(errno))));
     if (!QDir().rename(staging, folder))
         return fail(
             QStringLiteral("%1 cannot be renamed to %2.").arg(launch_texts::path(staging), launch_texts::path(folder)));
