@@ -89,11 +89,6 @@ TEST(CommandLine, OptionsAndRefusals)
                     line.output.endsWith("Try 'quorvane --help' for the options.\n"))
             << line.output.toStdString();
     }
-    QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::ExeOwner);
-    if (!QFileInfo(folder.path()).isWritable()) { // root writes anywhere
-        EXPECT_TRUE(parse({"--folder", folder.path()}).output.contains("cannot be written to"));
-    }
-    QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 
     // What main() does with them: an exit code, and no window.
     Installed program;
@@ -108,16 +103,16 @@ TEST(ProgramFolder, TheFirstRunCopiesTheSampleCourseAndSaysWhereLaterRunsKeepThe
 {
     Installed program;
     // A copy a killed run left half made is thrown away.
-    program.root.write("home/.local/share/quorvane.partial/languages/spanish/first.txt", "half");
+    program.root.write("home/.local/share/quorvane.partial/languages/spanish/half.txt", "half");
     {
         Launcher launcher(program.prompts, &program.sound, &program.clock);
         ASSERT_EQ(program.run(launcher, {"--student", "ana"}), -1);
         ASSERT_NE(launcher.window(), nullptr);
         EXPECT_EQ(QDir::currentPath(), program.user());
-        const QString spanish = program.user() + "/languages/spanish/";
         EXPECT_EQ(program.root.read("home/.local/share/quorvane/languages/spanish/first.txt"), program.list);
         EXPECT_EQ(program.root.read("home/.local/share/quorvane/languages/spanish/00/00001.mp3"), program.recording);
         EXPECT_FALSE(program.root.exists("home/.local/share/quorvane.partial"));
+        EXPECT_FALSE(program.root.exists("home/.local/share/quorvane/languages/spanish/half.txt"));
         // No name question: the student came with the command line.
         ASSERT_EQ(program.prompts.shown.size(), 1);
         EXPECT_EQ(program.prompts.shown[0].title, "Welcome to Quorvane");
@@ -167,7 +162,6 @@ TEST(WindowGeometry, RestoredOnTheScreenEvenWhenTheScreenGotSmaller)
 
     // A window left on a screen to the left that is gone comes back whole.
     EXPECT_EQ(fitOnScreen(QRect(-1500, 100, 600, 400), QRect(0, 0, 1024, 768)), QRect(0, 100, 600, 400));
-    EXPECT_EQ(fitOnScreen(QRect(10, 20, 600, 400), QRect(0, 0, 1024, 768)), QRect(10, 20, 600, 400));
 }
 
 TEST(ProgramFolder, TheRealWelcomeBoxIsAnsweredInsideTheEventLoop)
