@@ -8,8 +8,9 @@ PACKAGES := cmake ninja-build g++ pkg-config qt6-base-dev libqt6opengl6-dev libg
 	libsdl2-dev libsdl2-mixer-dev libssl-dev openssl libzip-dev libgtest-dev libbenchmark-dev \
 	ffmpeg sox libsox-fmt-mp3 lame xvfb xauth poppler-utils unzip clang-format fonts-dejavu-core fonts-liberation
 PACKAGES += qt6-charts-dev   # spaced review: the progress window's charts
+PACKAGES += desktop-file-utils appstream lintian librsvg2-bin dpkg-dev fakeroot file gzip   # package
 
-.PHONY: all setup configure build run test bench lint format clean screenshots
+.PHONY: all setup configure build run test bench lint format clean screenshots package
 
 all: build
 
@@ -56,3 +57,8 @@ clean:
 screenshots: configure
 	cmake --build $(BUILD) --target quorvane_screenshots
 	xvfb-run -a -s "-screen 0 1280x800x24" ./$(BUILD)/quorvane_screenshots docs
+
+# The Debian package build/quorvane_<version>_amd64.deb, checked by lintian.
+package: build
+	cd $(BUILD) && cpack -G DEB
+	lintian --tag-display-limit 0 $(BUILD)/quorvane_*_amd64.deb

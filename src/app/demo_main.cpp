@@ -1,38 +1,14 @@
-// quorvane-demo [DIR]: copies the sample program folder to DIR (default ./quorvane-demo) when DIR
-// does not exist yet, then starts Quorvane with DIR as its program folder.
+// quorvane-demo [DIR]: copies the sample course to DIR (default ./quorvane-demo) when DIR does not
+// exist yet, then starts Quorvane with DIR as its program folder.
 
+#include "app/program_folder.h"
 #include "app/start.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QDirIterator>
-#include <QFile>
 #include <QFileInfo>
 
 #include <cstdio>
-
-namespace {
-
-bool copyFolder(const QString& from, const QString& to)
-{
-    if (!QDir().mkpath(to))
-        return false;
-    QDirIterator it(from, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
-    const QDir source(from);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        const QString target = to + QDir::separator() + source.relativeFilePath(path);
-        if (it.fileInfo().isDir()) {
-            if (!QDir().mkpath(target))
-                return false;
-        } else if (!QFile::copy(path, target)) {
-            return false;
-        }
-    }
-    return true;
-}
-
-} // namespace
 
 int main(int argc, char* argv[])
 {
@@ -41,9 +17,11 @@ int main(int argc, char* argv[])
     const QString folder =
         QFileInfo(arguments.size() > 1 ? arguments.at(1) : QStringLiteral("quorvane-demo")).absoluteFilePath();
     if (!QFileInfo::exists(folder)) {
-        if (!copyFolder(QStringLiteral(QUORVANE_DEMO_DIR), folder)) {
-            std::fprintf(stderr, "quorvane-demo: could not copy the sample folder to %s\n",
-                         qPrintable(QDir::toNativeSeparators(folder)));
+        const QString sample = quorvane::sampleCourseFolder(QApplication::applicationDirPath());
+        QString error = QStringLiteral("the sample course was not found beside the program.");
+        if (sample.isEmpty() || !quorvane::copySampleCourse(sample, folder, {}, &error)) {
+            std::fprintf(stderr, "quorvane-demo: could not copy the sample folder to %s: %s\n",
+                         qPrintable(QDir::toNativeSeparators(folder)), qPrintable(error));
             return 1;
         }
         std::printf("quorvane-demo: the sample folder was copied to %s\n",

@@ -11,6 +11,7 @@
 #include "widgets/controls.h"
 #include "widgets/handler_guard.h"
 #include "widgets/list_box.h"
+#include "widgets/window_geometry.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -46,6 +47,7 @@ MainWindow::MainWindow(Prompts& prompts, SoundLibrary& sound, Clock& clock, QWid
     buildControls();
     buildMenus();
     wireHandlers();
+    keepWindowGeometry(this);
     m_session->attachMainView(this);
 }
 

@@ -5,7 +5,7 @@
 namespace quorvane::product {
 
 inline constexpr const char* kName = "Quorvane";
-inline constexpr const char* kVersion = "0.1.0";
+inline constexpr const char* kVersion = QUORVANE_VERSION; // project(VERSION) in CMakeLists.txt
 inline constexpr const char* kReleaseDate = "23 November 2026";
 inline constexpr const char* kWebAddress = "www.quorvane.example";               // placeholder
 inline constexpr const char* kMaintainerName = "the Quorvane maintainers";       // placeholder

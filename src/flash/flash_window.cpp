@@ -4,6 +4,7 @@
 #include "flash/card_settings.h"
 #include "flash/mp3_compile.h"
 #include "flash/texts.h"
+#include "widgets/window_geometry.h"
 
 #include <QFrame>
 #include <QGridLayout>
@@ -40,6 +41,7 @@ FlashWindow::FlashWindow(Session& session, QWidget* parent) : FlashCardWindow(se
     connect(exit_btn, &QPushButton::clicked, this, &FlashWindow::exit_btn_click);
     buildLayout();
     buildReviewButtons();
+    keepWindowGeometry(this);
 }
 
 void FlashWindow::buildLayout()

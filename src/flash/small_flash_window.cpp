@@ -1,6 +1,7 @@
 #include "flash/small_flash_window.h"
 
 #include "flash/texts.h"
+#include "widgets/window_geometry.h"
 
 #include <QFrame>
 #include <QGridLayout>
@@ -18,6 +19,7 @@ SmallFlashWindow::SmallFlashWindow(Session& session, QWidget* parent)
     setWindowTitle(flash_texts::smallTitle());
     setWindowFlag(Qt::WindowStaysOnTopHint);
     buildLayout();
+    keepWindowGeometry(this);
 }
 
 void SmallFlashWindow::buildLayout()
