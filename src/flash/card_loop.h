@@ -35,6 +35,9 @@ public:
     }
     virtual void showMp3Progress(const QString& text) { (void)text; }
     virtual void showWordCount(const QString& caption) { (void)caption; }
+    // A run begins (true) and ends (false), however it ends. Runs nest: Resume or a replay
+    // starts one from inside a handler, which may itself run inside a run.
+    virtual void showRunning(bool running) { (void)running; }
 };
 
 // Plays the shown words as flash cards until stop_flag is "yes", the window is unloaded or
