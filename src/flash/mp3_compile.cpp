@@ -163,8 +163,8 @@ void auto_mp3(Session& session, const Mp3Progress& progress)
     OutputFile output;
     QString error;
     int done = 0;
-    // The file being filled and what it holds, tagged when it is finished; then, in order, every
-    // file written, for the playlist.
+    // Finishes the file being filled, tagged with the words it holds (done is one past the last of
+    // them), and lists it, in order, for the playlist.
     QList<PlaylistEntry> playlist;
     auto finishFile = [&]() {
         const QString path = output.path();
