@@ -114,22 +114,10 @@ FlashCardWindow* openCards(Program& p, bool small)
     return cards;
 }
 
-Driver buttons(FlashCardWindow* cards)
-{
-    return [cards](const QString& action) {
-        if (action == "replay")
-            cards->replay();
-        else if (action == "close")
-            cards->findChild<QPushButton*>("exit_btn") ? cards->findChild<QPushButton*>("exit_btn")->click()
-                                                       : void(cards->close());
-        else
-            cards->findChild<QPushButton*>(action == "skip"   ? "next_word"
-                                           : action == "stop" ? "pause"
-                                                              : action)
-                ->click();
-    };
-}
-
+// The handlers of the buttons (Skip, Pause, Resume, Exit) and the replay operation.
+const QHash<QString, const char*> kHandlers = {{"skip", "next_word_click"}, {"replay", "replay"},
+                                               {"pause", "pause_click"},    {"resume", "resume_click"},
+                                               {"stop", "pause_click"},     {"close", "close"}};
 const QHash<QString, Qt::Key> kKeys = {{"skip", Qt::Key_Right},   {"replay", Qt::Key_Left}, {"pause", Qt::Key_Space},
                                        {"resume", Qt::Key_Space}, {"stop", Qt::Key_Space},  {"close", Qt::Key_Escape}};
 
@@ -141,7 +129,8 @@ TEST(MediaKeys, CardsDrivenByKeysOrOverTheBusEndAsThoseDrivenByTheButtons)
     for (const bool small : {false, true}) {
         Program clicked;
         FlashCardWindow* cards = openCards(clicked, small);
-        const QStringList played = drive(clicked, cards, buttons(cards));
+        const QStringList played = drive(
+            clicked, cards, [cards](const QString& action) { QMetaObject::invokeMethod(cards, kHandlers[action]); });
         // With no session bus the cards run as before, and nothing is said about it.
         Program keyed;
         cards = openCards(keyed, small);
