@@ -151,6 +151,14 @@ void BM_AutoMp3ThousandWords(benchmark::State& state)
     state.counters["MB_written"] = double(bytes) / 1e6;
 }
 
+QByteArray mp3Audio(const QByteArray& file)
+{
+    qsizetype size = 0;
+    for (int i = 6; i < 10 && file.startsWith("ID3"); ++i)
+        size = size << 7 | (file.at(i) & 0x7f);
+    return file.mid(file.startsWith("ID3") ? 10 + size : 0);
+}
+
 // The same bytes by cat: every piece followed by a file holding CR LF, one cat per output file.
 void BM_CatSameBytes(benchmark::State& state)
 {
@@ -172,8 +180,9 @@ void BM_CatSameBytes(benchmark::State& state)
     for (int file = 1; file <= kWords / kWordsPerFile; ++file) {
         QFile ours(course.path("100words" + QString::number(file) + ".mp3"));
         QFile theirs(course.path("cat" + QString::number(file) + ".mp3"));
+        // Ours begins with its ID3 tag (its size: the header's last four bytes, seven bits each).
         if (ours.exists() && (!ours.open(QIODevice::ReadOnly) || !theirs.open(QIODevice::ReadOnly) ||
-                              ours.readAll() != theirs.readAll()))
+                              mp3Audio(ours.readAll()) != theirs.readAll()))
             state.SkipWithError("cat wrote other bytes than auto_mp3");
     }
 }

@@ -8,6 +8,8 @@
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
+#include <taglib/id3v2tag.h>
+#include <taglib/mpegfile.h>
 
 using namespace quorvane;
 using namespace quorvane::test;
@@ -36,6 +38,17 @@ QByteArray compiledWord(int i, int repeats, int silences, bool translation = tru
         bytes += "W" + QByteArray::number(i) + "\r\n" + repeatedLines("S", silences);
     }
     return bytes + "B\r\n";
+}
+
+// Title, album, artist and track of a file's tag, read back by TagLib.
+QStringList tagsOf(const QString& path)
+{
+    TagLib::MPEG::File file(QFile::encodeName(path).constData());
+    const TagLib::ID3v2::Tag* tag = file.ID3v2Tag();
+    if (!tag)
+        return {};
+    auto text = [](const TagLib::String& s) { return QString::fromStdString(s.to8Bit(true)); };
+    return {text(tag->title()), text(tag->album()), text(tag->artist()), QString::number(tag->track())};
 }
 
 // The course of words words, with the silence and beep pieces, and its large flash-card window.
@@ -81,7 +94,9 @@ TEST(Mp3, CreateMp3CapturesTheCardsThatFollowItsBeeps)
     // Two words asked: two beeps, the first card captured, the second heard.
     p.pauseAtSound(1);
     cards->playwords();
-    EXPECT_EQ(p.folder.read("out_file.mp3"), "B\r\n" + compiledWord(s.previous_index, 2, 2, false));
+    EXPECT_EQ(audioOf(p.folder.read("out_file.mp3")), "B\r\n" + compiledWord(s.previous_index, 2, 2, false));
+    EXPECT_EQ(tagsOf(p.folder.file("out_file.mp3")),
+              QStringList({"words flash cards", "spanish - words", "Quorvane", "1"}));
     EXPECT_EQ(p.sound.played, QStringList({p.played(spanishPath(s.current_index))}));
     EXPECT_EQ(s.mp3_words_left, 0);
     EXPECT_EQ(cards->mp3_label->text(), "1 words added");
@@ -91,7 +106,7 @@ TEST(Mp3, CreateMp3CapturesTheCardsThatFollowItsBeeps)
     cards->create_mp3_click();
     p.pauseAtSound(2);
     cards->playwords();
-    EXPECT_EQ(p.folder.read("out_file.mp3"), QByteArray("B\r\n"));
+    EXPECT_EQ(audioOf(p.folder.read("out_file.mp3")), QByteArray("B\r\n"));
     EXPECT_EQ(cards->mp3_label->text(), " words added");
 }
 
@@ -114,7 +129,7 @@ TEST(Mp3, AutoMp3WritesEveryWordWithTranslationSilenceAndBeepInFilesOfAHundred)
         QByteArray expected;
         for (int i = 0; i < 100; ++i)
             expected += compiledWord(i, 2, pieces, i != 1);
-        EXPECT_EQ(p.folder.read("100words1.mp3"), expected) << entry;
+        EXPECT_EQ(audioOf(p.folder.read("100words1.mp3")), expected) << entry;
     }
     EXPECT_FALSE(p.folder.exists("100words2.mp3"));
     EXPECT_EQ(QStringList({firstProgress, cards->mp3_label->text()}),
@@ -131,6 +146,22 @@ TEST(Mp3, AutoMp3WritesEveryWordWithTranslationSilenceAndBeepInFilesOfAHundred)
         EXPECT_EQ(p.prompts.texts().last(), "Action has been cancelled");
     }
     EXPECT_FALSE(p.folder.exists("100words1.mp3"));
+}
+
+TEST(Mp3, CompiledFilesCarryTitlesAndTrackNumbersAndAPlaylistInOrder)
+{
+    Program p;
+    FlashWindow* cards = openCards(p, 205);
+    answer(p, {true, QString("1"), QString("0")});
+    cards->auto_mp3_click();
+    QByteArray playlist = "#EXTM3U\n";
+    for (const auto& [file, title] : {std::pair{1, "words 1-100"}, {2, "words 101-200"}, {3, "words 201-205"}}) {
+        const QString name = QString("100words%1.mp3").arg(file);
+        EXPECT_EQ(tagsOf(p.folder.file(name)),
+                  QStringList({title, "spanish - words", "Quorvane", QString::number(file)}));
+        playlist += "#EXTINF:-1," + QByteArray(title) + "\n" + name.toUtf8() + "\n";
+    }
+    EXPECT_EQ(p.folder.read("100words.m3u8"), playlist);
 }
 
 TEST(Mp3, TheSampleCourseCompilesIntoAFileThatDecodesWhole)
@@ -184,6 +215,19 @@ TEST(Mp3, TheSampleCourseCompilesIntoAFileThatDecodesWhole)
     EXPECT_EQ(complaints.filter(QRegularExpression("Header missing|Invalid data found|Last message repeated")),
               complaints);
     const double decoded = samples.size() / (2 * 22050.0);
+
+    // The tag changes nothing of what is heard, and a player shows its title and track.
+    p.folder.write("audio.mp3", audioOf(p.folder.read("100words1.mp3")));
+    QByteArray untagged;
+    runTool("ffmpeg", {"-v", "quiet", "-i", p.folder.file("audio.mp3"), "-f", "s16le", "-ac", "1", "-ar", "22050", "-"},
+            &untagged);
+    EXPECT_EQ(samples.size(), untagged.size());
+    QByteArray shown;
+    runTool(
+        "ffprobe",
+        {"-v", "quiet", "-show_entries", "format_tags=title,track", "-of", "csv=p=0", p.folder.file("100words1.mp3")},
+        &shown);
+    EXPECT_EQ(shown.trimmed(), QByteArray("colours 1-") + QByteArray::number(s.wordCount()) + ",1");
     EXPECT_LE(decoded, expected * 1.01);
     EXPECT_GE(decoded, expected - pieces * 576.0 / 22050 - expected * 0.01);
 }

@@ -70,6 +70,17 @@ inline QByteArray patternBytes(int length)
     return bytes;
 }
 
+// What a compiled MP3 file holds after its ID3v2.3 tag, whose size is the header's last four
+// bytes, seven bits each.
+inline QByteArray audioOf(const QByteArray& file)
+{
+    EXPECT_TRUE(file.startsWith(QByteArray("ID3\x03\x00", 5))) << file.left(10).toHex().toStdString();
+    int size = 0;
+    for (int i = 6; i < 10; ++i)
+        size = size << 7 | (file.at(i) & 0x7f);
+    return file.mid(10 + size);
+}
+
 // count copies of line, each ended with CR LF.
 inline QByteArray repeatedLines(const QByteArray& line, int count)
 {

@@ -7,6 +7,7 @@
 #include "core/prompts.h"
 #include "core/random_index.h"
 #include "core/session.h"
+#include "flash/mp3_tags.h"
 #include "flash/texts.h"
 #include "sound/playback.h"
 #include "sound/texts.h"
@@ -16,6 +17,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QScopeGuard>
 
 #include <stdexcept>
 
@@ -49,6 +51,11 @@ struct Rules
     float playWait;
     bool large;
 };
+
+QByteArray captureTag(const Session& session)
+{
+    return id3_tag(capture_tags(session.current_language, session.current_list));
+}
 
 Rules rulesFor(CardStyle kind)
 {
@@ -187,7 +194,7 @@ private:
             // the count is already 0, so its sounds are heard rather than captured. Kept.
             --s.mp3_words_left;
             if (capture_piece(s, paths::beepFile()) && s.mp3_words_left == 0)
-                finish_mp3_capture(s);
+                finish_mp3_capture(s, captureTag(s));
             m_view.showMp3Progress(flash_texts::wordsAdded(m_wordsPlayed));
         }
         if (s.say_mode == kYes || (s.say_mode == kInterlace && s.interlace_count > 1)) {
@@ -253,9 +260,14 @@ private:
 void play_cards(Session& session, CardView& view, QObject* viewObject, CardStyle kind)
 {
     const MissingSoundReset reset(session);
+    view.showRunning(true);
+    const auto ended = qScopeGuard([&view, guard = QPointer<QObject>(viewObject)] {
+        if (guard)
+            view.showRunning(false);
+    });
     CardRun(session, view, viewObject, kind).run();
     // However the run ended, out_file.mp3 holds what was captured so far.
-    finish_mp3_capture(session);
+    finish_mp3_capture(session, captureTag(session));
 }
 
 int card_points(const QString& word, const QString& translation)

@@ -39,6 +39,9 @@ public:
     // each one up after its plays until it is graded or skipped.
     virtual bool reviewing() const { return false; }
     virtual int nextReviewCard() { return -1; }
+    // A run begins (true) and ends (false), however it ends. Runs nest: Resume or a replay
+    // starts one from inside a handler, which may itself run inside a run.
+    virtual void showRunning(bool running) { (void)running; }
 };
 
 // Plays the shown words as flash cards until stop_flag is "yes", the window is unloaded or

@@ -3,6 +3,7 @@
 #include "core/flags.h"
 #include "core/session.h"
 #include "flash/card_settings.h"
+#include "flash/media_keys.h"
 #include "flash/texts.h"
 #include "store/word_moves.h"
 #include "widgets/controls.h"
@@ -16,6 +17,7 @@
 #include <QResizeEvent>
 
 #include <algorithm>
+#include <QShortcut>
 
 namespace quorvane {
 
@@ -71,6 +73,42 @@ FlashCardWindow::FlashCardWindow(Session& session, CardStyle style, QWidget* par
     connect(next_word, &QPushButton::clicked, this, &FlashCardWindow::next_word_click);
     connect(pause, &QPushButton::clicked, this, &FlashCardWindow::pause_click);
     connect(resume, &QPushButton::clicked, this, &FlashCardWindow::resume_click);
+    addKeys();
+}
+
+void FlashCardWindow::addKeys()
+{
+    pause->setToolTip(flash_texts::kPauseTip);
+    resume->setToolTip(flash_texts::kResumeTip);
+    next_word->setToolTip(flash_texts::kSkipTip);
+    const auto pauseOrResume = [this] { m_session.stop_flag == kYes ? resume_click() : pause_click(); };
+    const QList<std::pair<Qt::Key, std::function<void()>>> keys = {{Qt::Key_Space, pauseOrResume},
+                                                                   {Qt::Key_Right, [this] { next_word_click(); }},
+                                                                   {Qt::Key_Left, [this] { replay(); }},
+                                                                   {Qt::Key_Escape, [this] { close(); }}};
+    // A window shortcut is seen before the focused control's own handling of the key.
+    for (const auto& [key, action] : keys)
+        connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, this, action);
+}
+
+void FlashCardWindow::startMediaKeys()
+{
+    if (m_mediaKeys || m_unloaded)
+        return;
+    m_mediaKeys = new MediaKeys(this);
+    // The first run has begun by now.
+    m_mediaKeys->setRunning(m_runs > 0);
+    connect(m_mediaKeys, &MediaKeys::pauseRequested, this, &FlashCardWindow::pause_click);
+    connect(m_mediaKeys, &MediaKeys::stopRequested, this, &FlashCardWindow::pause_click);
+    connect(m_mediaKeys, &MediaKeys::resumeRequested, this, &FlashCardWindow::resume_click);
+    connect(m_mediaKeys, &MediaKeys::skipRequested, this, &FlashCardWindow::next_word_click);
+    connect(m_mediaKeys, &MediaKeys::replayRequested, this, &FlashCardWindow::replay);
+    connect(m_mediaKeys, &MediaKeys::quitRequested, this, &QWidget::close);
+    connect(m_mediaKeys, &MediaKeys::raiseRequested, this, [this] {
+        showNormal();
+        raise();
+        activateWindow();
+    });
 }
 
 QPushButton* FlashCardWindow::makeButton(const QString& name, const QString& caption, int points)
@@ -94,6 +132,7 @@ void FlashCardWindow::showWindow()
 {
     show();
     raise();
+    startMediaKeys();
 }
 
 void FlashCardWindow::showWordsLeft(const QString& text)
@@ -105,12 +144,21 @@ void FlashCardWindow::showCard(const QString& word, const QString& translation)
 {
     word_lbl->setText(word);
     word_lbl2->setText(translation);
+    if (m_mediaKeys)
+        m_mediaKeys->showCard(word, translation);
 }
 
 void FlashCardWindow::showPlay(const QString& repeatText, const QString& speedText)
 {
     repeat_lbl->setText(repeatText);
     speed_lbl->setText(speedText);
+}
+
+void FlashCardWindow::showRunning(bool running)
+{
+    m_runs += running ? 1 : -1;
+    if (m_mediaKeys)
+        m_mediaKeys->setRunning(m_runs > 0);
 }
 
 void FlashCardWindow::playwords()
@@ -188,6 +236,8 @@ void FlashCardWindow::resume_click()
 void FlashCardWindow::form_unload()
 {
     m_unloaded = true;
+    if (m_mediaKeys)
+        m_mediaKeys->withdraw();
     m_session.stop_flag = kYes;
     m_session.mainView().show_main_window();
 }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "flash/card_loop.h"
+#include "flash/media_keys.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <functional>
@@ -20,6 +22,10 @@ class Session;
 //
 // Closing the window (its frame, or Exit) hides it, sets stop_flag and shows the main window;
 // the window is deleted later, once the loop has unwound. Owned by its Qt parent, the main window.
+//
+// Keys act wherever the focus is in the window: Space pauses and resumes, Right skips, Left
+// replays, Escape closes. From the first run until the window closes, the cards are also a media
+// player on the session bus (MediaKeys), whose commands run the same handlers.
 class FlashCardWindow : public QWidget, public CardView
 {
     Q_OBJECT
@@ -47,6 +53,10 @@ public:
     void showWordsLeft(const QString& text) override;
     void showCard(const QString& word, const QString& translation) override;
     void showPlay(const QString& repeatText, const QString& speedText) override;
+    void showRunning(bool running) override;
+
+    // The media-player service; null before the first run.
+    MediaKeys* mediaKeys() const { return m_mediaKeys; }
 
 public slots:
     // The card loop; returns when the cards stop. Called by the main window, by Resume and by
@@ -79,10 +89,16 @@ protected:
     Session& m_session;
 
 private:
+    void addKeys();
+    void startMediaKeys();
+
     const CardStyle m_style;
     bool m_unloaded = false;
     int m_wordPoints = 0;
     QSize m_firstSize;
+    QPointer<MediaKeys> m_mediaKeys;
+    // Runs of the card loop going on, nested ones included.
+    int m_runs = 0;
 };
 
 } // namespace quorvane

@@ -39,6 +39,7 @@ FlashWindow::FlashWindow(Session& session, QWidget* parent) : FlashCardWindow(se
     connect(create_mp3, &QPushButton::clicked, this, &FlashWindow::create_mp3_click);
     connect(auto_mp3, &QPushButton::clicked, this, &FlashWindow::auto_mp3_click);
     connect(exit_btn, &QPushButton::clicked, this, &FlashWindow::exit_btn_click);
+    exit_btn->setToolTip(flash_texts::kExitTip);
     buildLayout();
     buildReviewButtons();
     keepWindowGeometry(this);

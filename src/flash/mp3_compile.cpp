@@ -6,6 +6,7 @@
 #include "core/prompts.h"
 #include "core/session.h"
 #include "flash/card_loop.h"
+#include "flash/mp3_tags.h"
 #include "flash/texts.h"
 #include "sound/playback.h"
 #include "sound/texts.h"
@@ -33,6 +34,8 @@ const QString kRecommendedWords = QStringLiteral("50");
 const QString kRecommendedRepeats = QStringLiteral("5");
 const QString kRecommendedSilence = QStringLiteral("0.5");
 const QByteArray kLineEnd = QByteArrayLiteral("\r\n");
+// The playlist of the numbered files, beside them.
+const QString kPlaylistFile = QStringLiteral("100words.m3u8");
 
 // The bytes of every piece, read once per run: a word list names the same few pieces thousands
 // of times. A file that cannot be read is remembered as missing. The pieces handed out stay valid
@@ -81,8 +84,9 @@ public:
         m_touched = true;
     }
 
-    // False, with error set, when the file could not be written; the old file is then left.
-    bool finish(QString* error)
+    // False, with error set, when the file could not be written; the old file is then left. The
+    // tag goes before the audio.
+    bool finish(QString* error, const QByteArray& tag = {})
     {
         const QString path = std::exchange(m_path, QString());
         if (path.isEmpty())
@@ -91,12 +95,13 @@ public:
             QFile::remove(path);
             return true;
         }
-        const bool written = writeBytes(path, m_bytes, error);
+        const bool written = writeBytes(path, tag + m_bytes, error);
         m_bytes.clear();
         return written;
     }
 
     const QString& path() const { return m_path; }
+    bool touched() const { return m_touched; }
     qsizetype size() const { return m_bytes.size(); }
 
 private:
@@ -165,6 +170,23 @@ void auto_mp3(Session& session, const Mp3Progress& progress)
     OutputFile output;
     QString error;
     int done = 0;
+    // Finishes the file being filled, tagged with the words it holds (done is one past the last of
+    // them), and lists it, in order, for the playlist.
+    QList<PlaylistEntry> playlist;
+    auto finishFile = [&]() {
+        const QString path = output.path();
+        const int number = (done - 1) / kWordsPerFile + 1;
+        const Mp3Tags tags =
+            block_tags(session.current_language, session.current_list, number, (number - 1) * kWordsPerFile + 1, done);
+        const bool written = output.touched();
+        if (!output.finish(&error, path.isEmpty() ? QByteArray() : id3_tag(tags))) {
+            prompts.message(flash_texts::mp3NotWritten(path, error));
+            return false;
+        }
+        if (written)
+            playlist.append({path, tags.title});
+        return true;
+    };
     for (; done < count; ++done) {
         if (done % kWordsPerProgress == 0) {
             if (progress)
@@ -175,11 +197,8 @@ void auto_mp3(Session& session, const Mp3Progress& progress)
             break;
         if (done % kWordsPerFile == 0) {
             const qsizetype lastSize = output.size();
-            const QString last = output.path();
-            if (!output.finish(&error)) {
-                prompts.message(flash_texts::mp3NotWritten(last, error));
+            if (!finishFile())
                 return;
-            }
             output.begin(paths::numberedMp3File(done / kWordsPerFile + 1), lastSize);
         }
         const QString soundNumber = session.sound_numbers.value(done);
@@ -197,16 +216,18 @@ void auto_mp3(Session& session, const Mp3Progress& progress)
         session.clock.processEvents();
     }
     const QString last = output.path();
-    if (!output.finish(&error)) {
-        prompts.message(flash_texts::mp3NotWritten(last, error));
+    if (!finishFile())
         return;
-    }
+    // The files are whole whatever becomes of their playlist: that is said last.
+    const bool listed = playlist.isEmpty() || writeBytes(kPlaylistFile, m3u8_playlist(playlist), &error);
     if (done == 0 && count > 0)
         prompts.message(flash_texts::cancelled());
     else if (done < count)
         prompts.message(flash_texts::mp3Stopped(done, last));
     else
         prompts.message(flash_texts::filesCompleted(count / kWordsPerFile + 1));
+    if (!listed)
+        prompts.message(flash_texts::playlistNotWritten(kPlaylistFile, error));
 }
 
 } // namespace quorvane

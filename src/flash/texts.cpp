@@ -279,6 +279,27 @@ QString mp3Stopped(int words, const QString& path)
     return QStringLiteral("Stopped after %1 words. The file %2 holds the last of them.").arg(words).arg(path);
 }
 
+QString blockTitle(const QString& list, int first, int last)
+{
+    return QStringLiteral("%1 %2-%3").arg(list).arg(first).arg(last);
+}
+
+QString captureTitle(const QString& list)
+{
+    return QStringLiteral("%1 flash cards").arg(list);
+}
+
+QString compilationAlbum(const QString& language, const QString& list)
+{
+    return QStringLiteral("%1 - %2").arg(language, list);
+}
+
+QString playlistNotWritten(const QString& path, const QString& reason)
+{
+    return QStringLiteral("The playlist %1 could not be written (%2). The MP3 files themselves are finished.")
+        .arg(path, reason);
+}
+
 QString repeatCountPrompt()
 {
     return QStringLiteral("How many times should words be repeated before going to the next word? Recommended ranges "

@@ -71,6 +71,18 @@ QString cancelled();
 // An MP3 file of auto_mp3 that could not be written, and a compilation stopped part-way.
 QString mp3NotWritten(const QString& path, const QString& reason);
 QString mp3Stopped(int words, const QString& path);
+// The tags of compiled files and their playlist.
+QString blockTitle(const QString& list, int first, int last);
+QString captureTitle(const QString& list);
+QString compilationAlbum(const QString& language, const QString& list);
+QString playlistNotWritten(const QString& path, const QString& reason);
+
+// The buttons' tooltips, naming the keys that do the same.
+inline const QString kPauseTip = QStringLiteral("Pause the cards (Space)");
+inline const QString kResumeTip = QStringLiteral("Resume the cards with a new word (Space)");
+inline const QString kSkipTip =
+    QStringLiteral("Go to the next word (Right arrow); Left arrow plays the last word again");
+inline const QString kExitTip = QStringLiteral("Close the flash cards (Esc)");
 
 // The repeat-count box and its answer to a count out of range.
 QString repeatCountPrompt();

@@ -145,12 +145,12 @@ bool capture_piece(Session& session, const QString& piece)
     return false;
 }
 
-void finish_mp3_capture(Session& session)
+void finish_mp3_capture(Session& session, const QByteArray& tag)
 {
     QFile capture(mp3_capture_file());
     if (!capture.open(QIODevice::ReadOnly))
         return;
-    const QByteArray bytes = capture.readAll();
+    const QByteArray bytes = tag + capture.readAll();
     capture.close();
     QString error;
     if (!writeBytes(paths::mp3OutputFile(), bytes, &error))

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 namespace quorvane {
@@ -28,9 +29,9 @@ bool append_file(const QString& source, const QString& target, QString* error = 
 // MP3 capture by the running flash cards. The pieces are appended to a file beside out_file.mp3;
 // out_file.mp3 is written whole from it at the end of each run of the cards and when the count of
 // words to capture reaches 0 (then the file beside it goes). A piece that cannot be written ends
-// the capture with a message naming the file: false.
+// the capture with a message naming the file: false. The tag, when given, goes before the pieces.
 QString mp3_capture_file();
 bool capture_piece(Session& session, const QString& piece);
-void finish_mp3_capture(Session& session);
+void finish_mp3_capture(Session& session, const QByteArray& tag = {});
 
 } // namespace quorvane
