@@ -147,11 +147,11 @@ TEST(WindowGeometry, RestoredOnTheScreenEvenWhenTheScreenGotSmaller)
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     {
         QSettings saved(file, QSettings::IniFormat);
-        saved.setValue("windows/qvmain", QRect(screen.right() + 300, screen.bottom() + 200, screen.width() + 600, 450));
+        saved.setValue("windows/qvmain", QRect(screen.right() + 300, screen.bottom() + 200, screen.width() + 600, 600));
     }
     test::Program p;
     MainWindow* main = p.start();
-    EXPECT_EQ(main->geometry(), QRect(screen.left(), screen.bottom() - 449, screen.width(), 450));
+    EXPECT_EQ(main->geometry(), QRect(screen.left(), screen.bottom() - 599, screen.width(), 600));
 
     // Where the window was when it hid is where the next one opens.
     main->setGeometry(screen.left() + 40, screen.top() + 30, 600, 500);

@@ -284,9 +284,10 @@ int due_count(const ReviewBook& book, const WordArrays& entries, int today, doub
 
 WordArrays unknown_entries(const Session& session, bool arraysFresh)
 {
-    if (arraysFresh && session.shown_file == session.unknown_file)
+    if (arraysFresh && session.words_file == session.unknown_file)
         return {session.words, session.translations, session.sound_numbers};
-    return read_word_arrays(session.unknown_file);
+    // An unknown file that cannot be read has no words due; the list's own opening says why.
+    return read_word_file(session.unknown_file, nullptr).value_or(WordArrays{});
 }
 
 } // namespace quorvane::review
