@@ -3,7 +3,9 @@
 #include "record/record_window.h"
 #include "sound/cipher.h"
 #include "sound/recording.h"
+#include "sound/playback.h"
 #include "sound/sdl_sound.h"
+#include "store/file_faults.h"
 #include "test_support.h"
 
 #include <QCoreApplication>
@@ -14,12 +16,15 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cmath>
+#include <functional>
 #include <initializer_list>
 
 using namespace quorvane;
 using quorvane::test::items;
 using quorvane::test::Program;
+using Step = file_faults::Step;
 
 namespace {
 
@@ -287,6 +292,48 @@ TEST(RecordingSession, ManyWordsEndNearTheBottomWithoutRecordingTheEleventh)
     last.run();
     EXPECT_EQ(last.recorded(), QList<int>{2});
     EXPECT_TRUE(last.selections.isEmpty());
+}
+
+TEST(RecordingSession, ATakeThatCannotBeStoredIsToldKeepsTheOldTakeAndEndsTheSession)
+{
+    // Each step of storing the take failing in turn on a full disk, then new_str being a file.
+    const auto fail = [](Step step) { return [step] { file_faults::failAt(step, 1, ENOSPC); }; };
+    for (const auto& [what, breakIt] : QList<std::pair<QString, std::function<void()>>>{
+             {"write", fail(Step::write)}, {"flush", fail(Step::flush)}, {"rename", fail(Step::rename)},
+             {"new_str is a file", [] {}}}) {
+        SCOPED_TRACE(what.toStdString());
+        SessionRun run(2);
+        run.choose(1);
+        run.state.record_single = flags::kYes;
+        if (what.startsWith("new_str"))
+            run.folder.write("languages/spanish/new_str", "a file");
+        else
+            run.folder.write(recordingOf(1), "the old take");
+        const QString folder = run.folder.file(what.startsWith("new_str") ? "languages/spanish/new_str" : "languages/spanish/new_str/01");
+        const QStringList before = QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
+        breakIt();
+        run.run();
+        file_faults::reset();
+
+        EXPECT_EQ(run.prompts.texts().size(), 1);
+        const QString said = run.prompts.texts().value(0);
+        EXPECT_TRUE(said.contains(what.startsWith("new_str") ? run.folder.file("languages/spanish/new_str")
+                                                             : run.folder.file(recordingOf(1))))
+            << said.toStdString();
+        EXPECT_TRUE(said.contains(what.startsWith("new_str") ? "Not a directory" : "the disk is full"))
+            << said.toStdString();
+        EXPECT_EQ(run.folder.read(what.startsWith("new_str") ? "languages/spanish/new_str" : recordingOf(1)),
+                  what.startsWith("new_str") ? "a file" : "the old take");
+        EXPECT_EQ(QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden), before);
+        EXPECT_TRUE(run.takes.isEmpty());
+        EXPECT_EQ(run.session.recording_active, "no");
+        EXPECT_EQ(run.row, 1); // kept on the word, to record it again
+        EXPECT_EQ(run.colours.last(), SessionColour::idle);
+        // Playback goes on.
+        run.folder.write("languages/spanish/01/01000.mp3", "sound");
+        say_word(run.session, "01000", "spanish");
+        EXPECT_EQ(run.sound.played.size(), 1);
+    }
 }
 
 TEST(RecordingSession, SingleWordsAndRefusals)

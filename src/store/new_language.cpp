@@ -55,8 +55,9 @@ bool builderRuns(const QString& name)
 }
 
 // Moves every folder of a complete staging folder into the languages folder (those already there
-// are left), then removes what remains of it.
-bool moveIntoPlace(const QString& staging, const QString& languages, QString* failedPath, QString* error)
+// are left); moved lists those it moved.
+bool moveIntoPlace(const QString& staging, const QString& languages, QStringList* moved, QString* failedPath,
+                   QString* error)
 {
     const QDir dir(staging);
     // The target first, the new language last: once the new language is listed, it is whole.
@@ -71,6 +72,7 @@ bool moveIntoPlace(const QString& staging, const QString& languages, QString* fa
             *failedPath = languages + folder;
             return false;
         }
+        moved->append(languages + folder);
     }
     return true;
 }
@@ -114,12 +116,16 @@ public:
     }
 
     // Marks the build complete and moves it into place, language last; false, with the message
-    // shown, when that fails (what was moved already stays: the sweep at the next start finishes it).
+    // shown, when that fails (a target folder moved already is removed again).
     bool place(Prompts& prompts, const QString& language)
     {
         QString error;
         QString failed = m_staging + kCompleteMarker;
-        if (!writeTextLines(failed, {language}, &error) || !moveIntoPlace(m_staging, m_languages, &failed, &error)) {
+        QStringList moved;
+        if (!writeTextLines(failed, {language}, &error) ||
+            !moveIntoPlace(m_staging, m_languages, &moved, &failed, &error)) {
+            for (const QString& folder : moved)
+                QDir(folder).removeRecursively();
             prompts.message(search_texts::notMade(failed, error));
             return false;
         }
@@ -240,10 +246,11 @@ void sweep_new_languages(const QString& languagesFolder)
         if (builderRuns(name))
             continue;
         const QString staging = parent + name;
+        QStringList moved;
         QString failed;
         QString error;
         if (QFileInfo::exists(QDir(staging).filePath(kCompleteMarker)))
-            moveIntoPlace(staging, languagesFolder, &failed, &error);
+            moveIntoPlace(staging, languagesFolder, &moved, &failed, &error);
         QDir(staging).removeRecursively();
     }
 }
