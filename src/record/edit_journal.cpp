@@ -186,6 +186,9 @@ bool recover_edits(const QString& languageFolder, QString* error)
     if (!QFileInfo::exists(path))
         return true;
     const Journal journal = Journal::decoded(readAll(path));
+    // A staged file whose write was cut short by the kill is still under its writer's own name.
+    for (const auto& rename : journal.renames)
+        removeStrayRewrites(QFileInfo(rename.first).path());
     if (!journal.committed) {
         rollBack(journal, path);
         return true;

@@ -5,6 +5,7 @@
 #include "store/file_lock.h"
 #include "store/new_language.h"
 #include "store/paths.h"
+#include "store/text_files.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -25,6 +26,9 @@ void finish_unfinished_work(const QString& languagesFolder)
         }
         sweep_packing_leftovers(folder);
     }
+    // The copies packing writes for sending.
+    removeStrayRewrites(paths::recordingsFolder());
+    removeStrayRewrites(paths::recordingArchivesFolder());
 }
 
 } // namespace quorvane
