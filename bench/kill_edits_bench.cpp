@@ -205,7 +205,8 @@ void BM_KillDuringWordEdits(benchmark::State& state)
         finish_unfinished_work(folder.filePath(QStringLiteral("languages/")));
         const auto numbers = [&folder](const char* file) {
             QSet<QString> found;
-            for (const QString& line : readTextLines(folder.filePath(QString::fromLatin1(file))).value_or(QStringList()))
+            for (const QString& line :
+                 readTextLines(folder.filePath(QString::fromLatin1(file))).value_or(QStringList()))
                 if (line.startsWith(QStringLiteral("w|t|")))
                     found.insert(line.mid(4));
             return found;
@@ -252,8 +253,9 @@ void BM_KillDuringPacking(benchmark::State& state)
     const QString previous = QDir::currentPath();
     QDir::setCurrent(folder.path());
     for (int i = 0; i < 20; ++i)
-        bench::writeFile(folder.filePath(QStringLiteral("languages/spanish/new_str/%1/%100.str").arg(70 + i % 3).arg(i)),
-                         QByteArray(60000, static_cast<char>(i)));
+        bench::writeFile(
+            folder.filePath(QStringLiteral("languages/spanish/new_str/%1/%100.str").arg(70 + i % 3).arg(i)),
+            QByteArray(60000, static_cast<char>(i)));
     bench::writeFile(folder.filePath(QStringLiteral("languages/spanish/food.txt")), "casa|house|01234\r\n");
     std::mt19937 random(11);
     long rounds = 0, acknowledged = 0, lost = 0, left = 0;
@@ -271,10 +273,9 @@ void BM_KillDuringPacking(benchmark::State& state)
         finish_unfinished_work(folder.filePath(QStringLiteral("languages/")));
         // Once a packing was reported done, every archive it writes stays whole.
         if (!done.isEmpty()) {
-            for (const QString& archive : {QStringLiteral("recordings/text_spanish.zip"),
-                                           QStringLiteral("recordings/str/spanish_str_70.zip"),
-                                           QStringLiteral("recordings/str/spanish_str_72.zip"),
-                                           QStringLiteral("languages/spanish/spanish.zip")})
+            for (const QString& archive :
+                 {QStringLiteral("recordings/text_spanish.zip"), QStringLiteral("recordings/str/spanish_str_70.zip"),
+                  QStringLiteral("recordings/str/spanish_str_72.zip"), QStringLiteral("languages/spanish/spanish.zip")})
                 lost += wholeArchive(folder.filePath(archive)) ? 0 : 1;
         }
         left += filesLeftBeside(folder.path());
@@ -290,7 +291,8 @@ void BM_KillDuringNewLanguage(benchmark::State& state)
     for (int i = 0; i < 3000; ++i)
         master.append(QStringLiteral("word%1|palabra%1|%2").arg(i).arg(i, 5, 10, QLatin1Char('0')));
     bench::writeFile(folder.filePath(QStringLiteral("languages/english/master_english.txt")), encodeLines(master));
-    bench::writeFile(folder.filePath(QStringLiteral("languages/english/eat_words.txt")), encodeLines(master.mid(0, 300)));
+    bench::writeFile(folder.filePath(QStringLiteral("languages/english/eat_words.txt")),
+                     encodeLines(master.mid(0, 300)));
     QByteArray whole;
     for (int i = 0; i < 300; ++i)
         whole += QStringLiteral("word%1||%2\r\n").arg(i).arg(i, 5, 10, QLatin1Char('0')).toLatin1();

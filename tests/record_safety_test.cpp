@@ -109,10 +109,12 @@ TEST_F(Safety, AnEditWithAnyStepFailingChangesEveryFileOrNoneAndARetryAddsOnce)
         words();
     };
     failEachStep(prepare, [this](QString* error) { return add_word(session, {"gato", "cat", ""}, error).has_value(); });
-    failEachStep(prepare,
-                 [this](QString* error) { return save_text(session, {"casa", "home", "01234"}, 0, "no", error).has_value(); });
-    failEachStep(prepare,
-                 [this](QString* error) { return delete_word(session, {"sol", "sun", "01300"}, 1, error).has_value(); });
+    failEachStep(prepare, [this](QString* error) {
+        return save_text(session, {"casa", "home", "01234"}, 0, "no", error).has_value();
+    });
+    failEachStep(prepare, [this](QString* error) {
+        return delete_word(session, {"sol", "sun", "01300"}, 1, error).has_value();
+    });
 
     // A failed addition changed nothing, so trying again adds the word once.
     prepare();
@@ -193,9 +195,9 @@ TEST_F(Safety, PackingPacksOnlyWordFilesSweepsWhatAKilledRunLeftAndNamesEveryArc
     for (const char* left : {"languages/spanish/spanish.zip.Ab12Cd", "languages/spanish/new_str/70/70.zip.xY3z9Q",
                              "languages/spanish/food.txt.rewrite.tmp", "languages/spanish/food.txt.edit.tmp"})
         folder.write(left, "left behind");
-    folder.write("languages/spanish/edits.journal",
-                 "rename\t" + folder.file("languages/spanish/food.txt.edit.tmp").toUtf8() + "\t" +
-                     folder.file(kList).toUtf8() + "\n");
+    folder.write("languages/spanish/edits.journal", "rename\t" +
+                                                        folder.file("languages/spanish/food.txt.edit.tmp").toUtf8() +
+                                                        "\t" + folder.file(kList).toUtf8() + "\n");
     prompts.push(true);
     EXPECT_TRUE(pack_recordings(session));
     QByteArray listing;
@@ -209,9 +211,9 @@ TEST_F(Safety, PackingPacksOnlyWordFilesSweepsWhatAKilledRunLeftAndNamesEveryArc
         remaining.append(it.next().mid(folder.path().size() + 1));
     remaining.removeAll("languages/spanish/.lock");
     remaining.sort();
-    EXPECT_EQ(remaining, QStringList({kList, "languages/spanish/new_str/70/70.zip", "languages/spanish/new_str/70/70000.str",
-                                      "languages/spanish/new_str/71/71.zip", "languages/spanish/new_str/71/71000.str",
-                                      "languages/spanish/spanish.zip"}));
+    EXPECT_EQ(remaining, QStringList({kList, "languages/spanish/new_str/70/70.zip",
+                                      "languages/spanish/new_str/70/70000.str", "languages/spanish/new_str/71/71.zip",
+                                      "languages/spanish/new_str/71/71000.str", "languages/spanish/spanish.zip"}));
 
     // The second copy of the 71 archive cannot be written: named with its cause, the rest written.
     QDir(folder.file("recordings")).removeRecursively();
@@ -222,7 +224,8 @@ TEST_F(Safety, PackingPacksOnlyWordFilesSweepsWhatAKilledRunLeftAndNamesEveryArc
     file_faults::reset();
     const QString said = prompts.shown.last().text;
     EXPECT_FALSE(said.startsWith("This action is finished.")) << said.toStdString();
-    EXPECT_TRUE(said.contains(folder.file("recordings/str/spanish_str_71.zip") + " (the disk is full)")) << said.toStdString();
+    EXPECT_TRUE(said.contains(folder.file("recordings/str/spanish_str_71.zip") + " (the disk is full)"))
+        << said.toStdString();
     EXPECT_TRUE(said.contains(folder.file("recordings/text_spanish.zip"))) << said.toStdString();
     EXPECT_TRUE(QDir(folder.file("recordings/str")).entryList(QDir::Files) == QStringList({"spanish_str_70.zip"}));
 }

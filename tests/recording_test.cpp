@@ -2,8 +2,8 @@
 #include "record/record_session.h"
 #include "record/record_window.h"
 #include "sound/cipher.h"
-#include "sound/recording.h"
 #include "sound/playback.h"
+#include "sound/recording.h"
 #include "sound/sdl_sound.h"
 #include "store/file_faults.h"
 #include "test_support.h"
@@ -298,9 +298,10 @@ TEST(RecordingSession, ATakeThatCannotBeStoredIsToldKeepsTheOldTakeAndEndsTheSes
 {
     // Each step of storing the take failing in turn on a full disk, then new_str being a file.
     const auto fail = [](Step step) { return [step] { file_faults::failAt(step, 1, ENOSPC); }; };
-    for (const auto& [what, breakIt] : QList<std::pair<QString, std::function<void()>>>{
-             {"write", fail(Step::write)}, {"flush", fail(Step::flush)}, {"rename", fail(Step::rename)},
-             {"new_str is a file", [] {}}}) {
+    for (const auto& [what, breakIt] : QList<std::pair<QString, std::function<void()>>>{{"write", fail(Step::write)},
+                                                                                        {"flush", fail(Step::flush)},
+                                                                                        {"rename", fail(Step::rename)},
+                                                                                        {"new_str is a file", [] {}}}) {
         SCOPED_TRACE(what.toStdString());
         SessionRun run(2);
         run.choose(1);
@@ -309,7 +310,8 @@ TEST(RecordingSession, ATakeThatCannotBeStoredIsToldKeepsTheOldTakeAndEndsTheSes
             run.folder.write("languages/spanish/new_str", "a file");
         else
             run.folder.write(recordingOf(1), "the old take");
-        const QString folder = run.folder.file(what.startsWith("new_str") ? "languages/spanish/new_str" : "languages/spanish/new_str/01");
+        const QString folder =
+            run.folder.file(what.startsWith("new_str") ? "languages/spanish/new_str" : "languages/spanish/new_str/01");
         const QStringList before = QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
         breakIt();
         run.run();

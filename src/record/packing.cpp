@@ -3,8 +3,8 @@
 #include "core/clock.h"
 #include "core/prompts.h"
 #include "core/session.h"
-#include "record/editing_texts.h"
 #include "record/edit_journal.h"
+#include "record/editing_texts.h"
 #include "store/paths.h"
 #include "store/text_files.h"
 #include "store/word_files.h"
@@ -176,8 +176,8 @@ void pack_folder_recordings(Session& session, const QString& kind, PackingReport
             continue;
         showProgress(session, view, copyName, 0);
         QString error;
-        const auto bytes =
-            build_zip(files, true, [&](int percent) { showProgress(session, view, copyName, percent); }, &error);
+        const auto bytes = build_zip(
+            files, true, [&](int percent) { showProgress(session, view, copyName, percent); }, &error);
         session.prompts.message(editing_texts::workingOn(copyName));
         // A failure is noted and the next folder is tried.
         const QString copy = paths::recordingArchiveCopy(session.current_language, subfolder);
@@ -202,8 +202,8 @@ bool pack_recordings(Session& session, PackingView* view)
     }
     PackingReport report;
     if (!QDir().mkpath(paths::recordingArchivesFolder())) {
-        session.prompts.message(editing_texts::packingFailed(paths::recordingArchivesFolder(),
-                                                             editing_texts::kFolderNotMade));
+        session.prompts.message(
+            editing_texts::packingFailed(paths::recordingArchivesFolder(), editing_texts::kFolderNotMade));
         return false;
     }
     pack_folder_recordings(session, QStringLiteral("str"), report, view);
@@ -215,8 +215,8 @@ bool pack_recordings(Session& session, PackingView* view)
         languageFolder, [&archiveName](const QString& name) { return packed_language_file(name, archiveName); });
     QString error;
     showProgress(session, view, archiveName, 0);
-    const auto bytes =
-        build_zip(files, false, [&](int percent) { showProgress(session, view, archiveName, percent); }, &error);
+    const auto bytes = build_zip(
+        files, false, [&](int percent) { showProgress(session, view, archiveName, percent); }, &error);
     const QString copy = paths::textArchiveCopy(session.current_language);
     if (!bytes || !writeBytes(archive, *bytes, &error)) {
         report.failed.append(editing_texts::archiveFailed(archive, error));

@@ -37,8 +37,7 @@ struct PackingReport
 // language's new_str folder, in listing order, the archive D.zip of D's files of that kind written
 // inside D, the box naming it, then its copy as recordings/str/<language>_str_<D>.zip. A folder
 // with no recordings gets no archive. A failure is put in the report and the next folder is tried.
-void pack_folder_recordings(Session& session, const QString& kind, PackingReport& report,
-                            PackingView* view = nullptr);
+void pack_folder_recordings(Session& session, const QString& kind, PackingReport& report, PackingView* view = nullptr);
 
 // The zip button: the question (Cancel: "The action has been cancelled." and nothing else), the
 // recordings and recordings/str folders, the recording archives, the archive <language>.zip of the

@@ -48,8 +48,8 @@ bool makeFolder(const QString& folder, QString* error)
     std::filesystem::create_directories(std::filesystem::path(QFile::encodeName(folder).toStdString()), code);
     if (!code && QFileInfo(folder).isDir())
         return true;
-    *error = record_texts::folderNotMade(folder, code ? QString::fromLocal8Bit(code.message())
-                                                      : record_texts::kNotAFolder);
+    *error =
+        record_texts::folderNotMade(folder, code ? QString::fromLocal8Bit(code.message()) : record_texts::kNotAFolder);
     return false;
 }
 
@@ -207,7 +207,6 @@ private:
     bool m_errorsFinish = false;
     bool m_failed = false;
 };
-
 
 // Sets record_single to "no" and record_seconds to 1.0 when the session ends, however it ends.
 class SessionSettingsReset

@@ -49,8 +49,8 @@ QString stagingParent(const QString& languages)
 bool builderRuns(const QString& name)
 {
     bool ok = false;
-    const qint64 pid = name.mid(kStagingPrefix.size(), name.size() - kStagingPrefix.size() - kStagingSuffix.size())
-                           .toLongLong(&ok);
+    const qint64 pid =
+        name.mid(kStagingPrefix.size(), name.size() - kStagingPrefix.size() - kStagingSuffix.size()).toLongLong(&ok);
     return ok && pid > 0 && pid != ::getpid() && (::kill(static_cast<pid_t>(pid), 0) == 0 || errno == EPERM);
 }
 
@@ -83,9 +83,8 @@ class StagedLanguage
 {
 public:
     explicit StagedLanguage(const QString& languages)
-        : m_languages(languages),
-          m_staging(stagingParent(languages) + kStagingPrefix + QString::number(::getpid()) + kStagingSuffix +
-                    QDir::separator())
+        : m_languages(languages), m_staging(stagingParent(languages) + kStagingPrefix + QString::number(::getpid()) +
+                                            kStagingSuffix + QDir::separator())
     {
     }
     StagedLanguage(const StagedLanguage&) = delete;

@@ -13,9 +13,9 @@ class Session;
 // pairs each of those sound numbers with itself; where it does not, the target's folder is made
 // with a trans file naming the new language. It is all built in a folder of its own beside the
 // languages folder and moved into place whole at the end, so a kill never leaves half a language
-// listed. Names are lower-cased and not checked beyond emptiness, but a name the file system refuses is said in a message and nothing is left behind.
-// True when the language was made whole (the caller lists the languages again); an empty target
-// leaves the new folder without a trans file, kept so, and gives false.
+// listed. Names are lower-cased and not checked beyond emptiness, but a name the file system refuses is said in a
+// message and nothing is left behind. True when the language was made whole (the caller lists the languages again); an
+// empty target leaves the new folder without a trans file, kept so, and gives false.
 bool new_language(Session& session);
 
 // At start: a new language whose build was complete when its copy of the program was killed is
