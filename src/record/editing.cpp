@@ -49,6 +49,15 @@ std::optional<std::optional<QByteArray>> readIfThere(const QString& path, QStrin
     return std::optional<QByteArray>(file.readAll());
 }
 
+// highest_num.dat's number; "70000" when it is missing.
+std::optional<QString> readHighest(const QString& path, QString* error)
+{
+    const auto bytes = readIfThere(path, error);
+    if (!bytes)
+        return std::nullopt;
+    return *bytes ? splitLines(decodeWindows1252(**bytes)).value(0) : editing_texts::firstNewNumber();
+}
+
 // The language's lock, taken around the read and the change of its files; an edit a killed copy
 // left half made is finished first.
 class LanguageEdit
@@ -61,20 +70,16 @@ public:
     }
     bool begin(QString* error) { return m_lock.acquire(error) && recover_edits(m_folder, error); }
     bool apply(const EditPlan& plan, QString* error) { return apply_edit(m_folder, plan, error); }
+    // begin, then highest_num.dat's number.
+    std::optional<QString> highest(const QString& path, QString* error)
+    {
+        return begin(error) ? readHighest(path, error) : std::nullopt;
+    }
 
 private:
     QString m_folder;
     FileLock m_lock;
 };
-
-// highest_num.dat's number, and its next value as the file holds it; "70000" when it is missing.
-std::optional<QString> readHighest(const QString& path, QString* error)
-{
-    const auto bytes = readIfThere(path, error);
-    if (!bytes)
-        return std::nullopt;
-    return *bytes ? splitLines(decodeWindows1252(**bytes)).value(0) : editing_texts::firstNewNumber();
-}
 
 QByteArray nextHighest(const QString& highestNumber)
 {
@@ -141,9 +146,7 @@ std::optional<QString> get_high(const Session& session, QString* error)
 {
     const QString path = paths::highestNumberFile(session.languages_folder, session.current_language);
     LanguageEdit edit(session);
-    if (!edit.begin(error))
-        return std::nullopt;
-    const auto highestNumber = readHighest(path, error);
+    const auto highestNumber = edit.highest(path, error);
     if (!highestNumber)
         return std::nullopt;
     QString cause;
@@ -165,9 +168,7 @@ std::optional<QString> add_word(const Session& session, const EditedEntry& entry
 {
     const QString highestFile = paths::highestNumberFile(session.languages_folder, session.current_language);
     LanguageEdit edit(session);
-    if (!edit.begin(error))
-        return std::nullopt;
-    const auto highestNumber = readHighest(highestFile, error);
+    const auto highestNumber = edit.highest(highestFile, error);
     if (!highestNumber)
         return std::nullopt;
     const QString number = highestNumber->trimmed();
