@@ -1,13 +1,16 @@
 #include "core/table_limit.h"
 #include "flash/flash_window.h"
+#include "quiz/test_window.h"
 #include "store/file_faults.h"
 #include "store/file_lock.h"
 #include "store/text_files.h"
 #include "test_support.h"
 
 #include <QDirIterator>
+#include <QLineEdit>
 #include <QLockFile>
 #include <QMap>
+#include <QRadioButton>
 
 #include <gtest/gtest.h>
 
@@ -16,6 +19,7 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace quorvane;
@@ -249,10 +253,6 @@ TEST(DataSafety, ASharedFilesLockIsWaitedForAndRewritesNeverShareATemporaryFile)
     }
     EXPECT_TRUE(busy.acquire());
     busy.release();
-    FileLock missingFolder(folder.file("no/such/.lock"), 0);
-    EXPECT_FALSE(missingFolder.acquire(&error));
-    EXPECT_TRUE(error.contains(folder.file("no/such/.lock"))) << error.toStdString();
-
     // A rewrite leaves nothing beside; what a live writer (process 1) has beside is not swept, a dead
     // one's is.
     folder.write("languages/spanish/a.txt.1-7.rewrite.tmp", "in progress");
@@ -262,4 +262,131 @@ TEST(DataSafety, ASharedFilesLockIsWaitedForAndRewritesNeverShareATemporaryFile)
     removeStrayRewrites(folder.file("languages/spanish"));
     EXPECT_EQ(QDir(folder.file("languages/spanish")).entryList(QDir::Files | QDir::Hidden),
               QStringList({".lock", "a.txt", "a.txt.1-7.rewrite.tmp"}));
+}
+
+TEST(DataSafety, ADoubleClickMovesTheEntryItsRowShowsFromTheFileItLivesIn)
+{
+    const QString unknown = "users/kestrin/spanish/words-u.txt";
+    const QString known = "users/kestrin/spanish/words-k.txt";
+    const auto searched = [](Program& p) {
+        p.folder.write("languages/spanish/master_spanish.txt",
+                       courseEntry(2) + "palabrota|swear word|01900\r\n" + courseEntry(1) + courseEntry(0));
+        openCourse(p, 3);
+        p.main()->txt_word_search->setText("palabr");
+        select_row(p.main()->words_list, 3);
+    };
+    const auto move = [](Program& p) { p.main()->words_list_dblclick(); };
+    Program p;
+    searched(p);
+    MainWindow* main = p.main();
+    const QStringList results({"palabra2", "palabrota", "palabra1", "palabra0"});
+    ASSERT_EQ(items(main->words_list), results);
+    move(p);
+    EXPECT_EQ(p.folder.read(unknown), courseEntry(1) + courseEntry(2) + "||\r\n");
+    EXPECT_EQ(p.folder.read(known), courseEntry(0));
+    // A result the unknown file does not hold, never or no more, is refused and changes nothing.
+    for (const int row : {1, 3}) {
+        select_row(main->words_list, row);
+        move(p);
+    }
+    EXPECT_EQ(p.folder.read(unknown), courseEntry(1) + courseEntry(2) + "||\r\n");
+    EXPECT_EQ(p.folder.read(known), courseEntry(0));
+    ASSERT_EQ(p.prompts.shown.size(), 3);
+    EXPECT_TRUE(p.prompts.shown[1].text.contains("palabrota") &&
+                p.prompts.shown[2].text.contains(p.folder.file(unknown)))
+        << p.prompts.shown[2].text.toStdString();
+    EXPECT_EQ(items(main->words_list), results);
+
+    // A test reads the whole list into the arrays; once it is closed, the first row is again the
+    // entry it shows.
+    Program::choose(main->lists_list, "words");
+    main->test_me_click();
+    auto* test = qobject_cast<TestWindow*>(window("test"));
+    ASSERT_NE(test, nullptr);
+    test->multiple_choice->click();
+    test->num_qs->setText("1");
+    test->num_secs->setText("1");
+    p.clock.at(0.5, [test] { test->stop->click(); });
+    test->begin_test->click();
+    EXPECT_EQ(p.session().wordCount(), 3);
+    test->exit->click();
+    select_row(main->words_list, 0);
+    move(p);
+    EXPECT_EQ(p.folder.read(unknown), courseEntry(2) + "||\r\n");
+    EXPECT_EQ(p.folder.read(known), courseEntry(0) + courseEntry(1));
+    EXPECT_EQ(items(main->words_list), QStringList({"palabra2"}));
+
+    failEachStep(searched, move, "words-");
+}
+
+TEST(DataSafety, AFileThatCannotBeReadIsNamedAndNothingIsMadeFromItNorStarted)
+{
+    Program p;
+    openCourse(p, 3);
+    MainWindow* main = p.main();
+    p.folder.write("languages/spanish/animals.txt", courseEntry(0));
+    p.folder.mkdir("users/kestrin/spanish/animals-k.txt"); // exists, but cannot be read
+    p.folder.mkdir("languages/spanish/broken.txt");
+    p.folder.write("users/kestrin/spanish/huge-k.txt", repeatedLines("x|y|00001", kMaxWordEntries + 1));
+    Program::choose(main->lang_list, "spanish");
+    ASSERT_EQ(items(main->known_lists), QStringList({"animals", "huge"}));
+    for (const QString list : {"animals", "broken"}) {
+        p.prompts.shown.clear();
+        Program::choose(main->lists_list, list);
+        const QString named =
+            list == "animals" ? "users/kestrin/spanish/animals-k.txt" : "languages/spanish/broken.txt";
+        ASSERT_EQ(p.prompts.shown.size(), 1) << list.toStdString();
+        EXPECT_TRUE(p.prompts.shown[0].text.contains(p.folder.file(named))) << p.prompts.shown[0].text.toStdString();
+        EXPECT_FALSE(p.folder.exists("users/kestrin/spanish/" + list + "-u.txt"));
+        EXPECT_EQ(main->words_list->count(), 0);
+    }
+    // A known list refused (unreadable, or over the limit) starts no flash cards.
+    for (const int row : {0, 1}) {
+        p.prompts.shown.clear();
+        main->known_lists->setRowQuietly(row);
+        main->known_lists_dblclick();
+        EXPECT_EQ(p.prompts.shown.size(), 1);
+        EXPECT_TRUE(p.sound.played.isEmpty());
+        EXPECT_EQ(main->findChild<FlashWindow*>(), nullptr);
+    }
+}
+
+TEST(DataSafety, AppendsOnlyAppendAndTwoAppendersNeverCutEachOthersLines)
+{
+    ProgramFolder folder;
+    const QString log = folder.file("changes_spanish.dat");
+    // A last line without its end gets one; a lone CR already ends it, and no blank line follows.
+    for (const auto& [before, after] : {std::pair<QByteArray, QByteArray>("a|b|1", "a|b|1\r\nc|d|2\r\n"),
+                                        std::pair<QByteArray, QByteArray>("a|b|1\r", "a|b|1\rc|d|2\r\n"),
+                                        std::pair<QByteArray, QByteArray>("a|b|1\n", "a|b|1\nc|d|2\r\n")}) {
+        folder.write("changes_spanish.dat", before);
+        ASSERT_TRUE(appendTextLines(log, {"c|d|2"}));
+        EXPECT_EQ(folder.read("changes_spanish.dat"), after);
+    }
+
+    // Another process appends while every third append here fails half-written: its lines all stay,
+    // as do those appended here that were told written.
+    QFile::remove(log);
+    constexpr int kLines = 300;
+    const pid_t other = fork();
+    if (other == 0) {
+        for (int i = 0; i < kLines; ++i)
+            appendTextLines(log, {QString("other %1").arg(i)});
+        _exit(0);
+    }
+    QStringList expected;
+    for (int i = 0; i < kLines; ++i) {
+        if (i % 3 == 0)
+            file_faults::failAt(Step::write, 1, ENOSPC);
+        if (appendTextLines(log, {QString("here %1").arg(i)}))
+            expected.append(QString("here %1").arg(i));
+        file_faults::reset();
+    }
+    ASSERT_EQ(waitpid(other, nullptr, 0), other);
+    for (int i = 0; i < kLines; ++i)
+        expected.append(QString("other %1").arg(i));
+    QStringList lines = readTextLines(log).value_or(QStringList());
+    lines.sort();
+    expected.sort();
+    EXPECT_EQ(lines, expected);
 }

@@ -105,8 +105,8 @@ TEST(WordFiles, PairingLinesFillTheTableAndAMalformedLineLoadsNothing)
     load_trans_index(folder.file("missing.dat"), table);
     EXPECT_EQ(table[17], "00500");
 
-    for (const QByteArray& bad :
-         {QByteArray("100000|00001"), QByteArray(""), QByteArray("00020"), QByteArray("abc|1")}) {
+    for (const QByteArray& bad : {QByteArray("100000|00001"), QByteArray(""), QByteArray("00020"), QByteArray("abc|1"),
+                                  QByteArray("00020\0|1", 8), QByteArray("20abc|1")}) {
         QStringList fresh(kSoundNumberSlots);
         folder.write("index.dat", "00017|00442\r\n" + bad + "\r\n");
         EXPECT_THROW(load_trans_index(folder.file("index.dat"), fresh), TableLimitError) << bad.constData();

@@ -119,7 +119,8 @@ private:
     void buildMenus();
     void wireHandlers();
     // Shows a list (unknown or known) picked in lists_list or known_lists.
-    void showList(ListBox* box, bool known);
+    // Shows the chosen list of a box; false when its words could not be read (said in a box).
+    bool showList(ListBox* box, bool known);
     // Runs a handler so that no exception reaches the event loop.
     void guarded(const std::function<void()>& handler);
 

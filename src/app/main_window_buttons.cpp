@@ -53,7 +53,9 @@ void MainWindow::small_flash_click()
 void MainWindow::known_lists_dblclick()
 {
     guarded([this] {
-        known_lists_click();
+        // A list refused (a table limit throws through this guard) or not read starts nothing.
+        if (!showList(known_lists, true))
+            return;
         // Neither checked nor hidden behind the cards: the main window stays in view, and the
         // cards' window goes as soon as they stop, by pause included.
         QPointer<FlashWindow> flash = flashWindow();

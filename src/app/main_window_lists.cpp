@@ -128,11 +128,11 @@ void MainWindow::known_lists_click()
     guarded([this] { showList(known_lists, true); });
 }
 
-void MainWindow::showList(ListBox* box, bool known)
+bool MainWindow::showList(ListBox* box, bool known)
 {
     Session& s = *m_session;
     // Opening a known list makes the list's unknown file too when it is missing.
-    choose_list(s, selectedText(box), known);
+    const bool shown = choose_list(s, selectedText(box), known);
     words_list->clear();
     words_liste->clear();
     display_words();
@@ -145,6 +145,7 @@ void MainWindow::showList(ListBox* box, bool known)
     const QColor wordsColour = fromBgr(known ? kKnownWordsBgr : kUnknownWordsBgr);
     setTextColour(words_list, QPalette::Text, wordsColour);
     setTextColour(words_liste, QPalette::Text, wordsColour);
+    return shown;
 }
 
 void MainWindow::display_words()
@@ -209,7 +210,9 @@ void MainWindow::words_list_dblclick()
             move_to_known(s, row);
         // A known file just made is listed now, one just emptied is removed.
         refresh_known_list();
-        quorvane::create_array_of_words(s, s.shown_file);
+        // Arrays of anything but the shown file (search results) stay, as do the rows showing them.
+        if (s.words_file == s.shown_file && !s.shown_file.isEmpty())
+            quorvane::create_array_of_words(s, s.shown_file);
 
         // Selecting rows from code runs the word click, which says nothing while the recording
         // flag is "yes". Selecting further down first keeps the rows after the word in view; a

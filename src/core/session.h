@@ -48,6 +48,8 @@ public:
     QStringList words{QString()};
     QStringList translations{QString()};
     QStringList sound_numbers{QString()};
+    // The file the arrays were read from; "" when they hold something else (search results).
+    QString words_file;
     // The translation language's sound number for each sound number of the current language.
     // Never cleared: a language without a pairing file keeps the previous language's pairings.
     QStringList target_sound_numbers;

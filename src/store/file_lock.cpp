@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QHash>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstring>
@@ -62,26 +63,34 @@ bool FileLock::acquire(QString* error)
             *error = texts::lockNotMade(m_path, causeText(errno));
         return false;
     }
+    int code = 0;
+    if (!lockDescriptor(fd, m_waitMs, &code)) {
+        ::close(fd);
+        if (error)
+            *error = code == EWOULDBLOCK ? texts::lockBusy(m_path) : texts::lockNotMade(m_path, causeText(code));
+        return false;
+    }
+    locks.insert(m_path, HeldLock{fd, 1});
+    m_held = true;
+    return true;
+}
+
+bool lockDescriptor(int fd, int waitMs, int* code)
+{
     // A short pause between tries that grows to a tenth of a second: the other copy holds the lock
     // for one write, which is over in milliseconds.
     QElapsedTimer waited;
     waited.start();
     std::chrono::milliseconds pause(1);
     while (::flock(fd, LOCK_EX | LOCK_NB) != 0) {
-        const int code = errno;
-        if (code == EINTR)
+        *code = errno;
+        if (*code == EINTR)
             continue;
-        if (code != EWOULDBLOCK || waited.elapsed() >= m_waitMs) {
-            ::close(fd);
-            if (error)
-                *error = code == EWOULDBLOCK ? texts::lockBusy(m_path) : texts::lockNotMade(m_path, causeText(code));
+        if (*code != EWOULDBLOCK || waited.elapsed() >= waitMs)
             return false;
-        }
         std::this_thread::sleep_for(pause);
         pause = std::min(pause * 2, std::chrono::milliseconds(100));
     }
-    locks.insert(m_path, HeldLock{fd, 1});
-    m_held = true;
     return true;
 }
 

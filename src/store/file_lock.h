@@ -34,4 +34,8 @@ private:
     bool m_held = false;
 };
 
+// Takes an exclusive flock on an open file, waiting for another holder up to waitMs as FileLock
+// does; false with code set to the cause (EWOULDBLOCK: still held at the end of the wait).
+bool lockDescriptor(int fd, int waitMs, int* code);
+
 } // namespace quorvane

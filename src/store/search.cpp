@@ -3,8 +3,11 @@
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/table_limit.h"
+#include "store/file_lock.h"
+#include "store/paths.h"
 #include "store/search_texts.h"
 #include "store/text_files.h"
+#include "store/texts.h"
 
 #include <QDir>
 #include <QFile>
@@ -156,6 +159,7 @@ bool search_master_list(Session& session, int field, const QString& text, Master
     session.words = std::move(found->words);
     session.translations = std::move(found->translations);
     session.sound_numbers = std::move(found->sound_numbers);
+    session.words_file.clear();
     return true;
 }
 
@@ -194,11 +198,27 @@ std::optional<int> create_trans_index(Session& session)
         session.prompts.message(search_texts::pairingMasterNotFound());
         return std::nullopt;
     }
-    const QStringList target = readTextLines(session.target_master_file).value_or(QStringList());
-    if (target.size() > kMaxTargetLines)
-        throw TableLimitError(search_texts::tooManyTargetLines(session.target_master_file, kMaxTargetLines));
-    const QStringList pairs = pair_masters(readTextLines(session.master_file).value_or(QStringList()), target);
+    // Held from the reads of the masters to the rename of the pairing file: another copy of the
+    // program changing a master meanwhile waits.
+    FileLock lock(paths::languageLockFile(session.languages_folder, session.current_language));
     QString error;
+    if (!lock.acquire(&error)) {
+        session.prompts.message(error);
+        return std::nullopt;
+    }
+    const auto target = readTextLines(session.target_master_file, &error);
+    if (!target) {
+        session.prompts.message(texts::fileNotRead(session.target_master_file, error));
+        return std::nullopt;
+    }
+    if (target->size() > kMaxTargetLines)
+        throw TableLimitError(search_texts::tooManyTargetLines(session.target_master_file, kMaxTargetLines));
+    const auto master = readTextLines(session.master_file, &error);
+    if (!master) {
+        session.prompts.message(texts::fileNotRead(session.master_file, error));
+        return std::nullopt;
+    }
+    const QStringList pairs = pair_masters(*master, *target);
     if (!writeTextLines(session.trans_index_file, pairs, &error)) {
         session.prompts.message(search_texts::pairingNotWritten(session.trans_index_file, error));
         return std::nullopt;

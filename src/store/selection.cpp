@@ -59,29 +59,43 @@ QStringList known_lists_of(const Session& session)
                           paths::kKnownSuffix);
 }
 
-void choose_list(Session& session, const QString& list, bool known)
+bool choose_list(Session& session, const QString& list, bool known)
 {
     const ListFiles files = list_files_of(session, list);
     const QString shown = known ? files.known_file : files.unknown_file;
     const WordArrays previous{session.words, session.translations, session.sound_numbers};
     // A known list is read before the unknown file is made, so a limit of either changes nothing.
-    WordArrays arrays;
-    if (known)
-        arrays = read_word_arrays(shown, previous);
+    std::optional<WordArrays> arrays;
     QString error;
-    if (!make_unknowns_file(files, &error))
-        session.prompts.message(texts::unknownFileNotMade(files.unknown_file, error));
-    if (!known)
-        arrays = read_word_arrays(shown, previous);
+    if (known)
+        arrays = read_word_file(shown, &error, previous);
+    if (known && !arrays) {
+        error = texts::fileNotRead(shown, error);
+    } else if (!make_unknowns_file(files, &error)) {
+        if (!known)
+            arrays.reset();
+    } else {
+        error.clear();
+        if (!known) {
+            arrays = read_word_file(shown, &error, previous);
+            if (!arrays)
+                error = texts::fileNotRead(shown, error);
+        }
+    }
+    if (!error.isEmpty())
+        session.prompts.message(error);
 
     session.current_list = list;
     session.list_file = files.list_file;
     session.known_file = files.known_file;
     session.unknown_file = files.unknown_file;
-    session.shown_file = shown;
-    session.words = std::move(arrays.words);
-    session.translations = std::move(arrays.translations);
-    session.sound_numbers = std::move(arrays.sound_numbers);
+    session.shown_file = arrays ? shown : QString();
+    WordArrays read = arrays ? std::move(*arrays) : WordArrays();
+    session.words = std::move(read.words);
+    session.translations = std::move(read.translations);
+    session.sound_numbers = std::move(read.sound_numbers);
+    session.words_file = session.shown_file;
+    return arrays.has_value();
 }
 
 } // namespace quorvane

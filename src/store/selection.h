@@ -26,7 +26,9 @@ QStringList known_lists_of(const Session& session);
 
 // Chooses a list of the current language and shows its unknown words, or its known words: the
 // files of the list, current_list, shown_file and the word arrays follow; the unknown file is made
-// when missing. A table limit throws TableLimitError before any session value or file changes.
-void choose_list(Session& session, const QString& list, bool known);
+// when missing. A table limit throws TableLimitError before any session value or file changes. A
+// file that cannot be read or made is said in a message box, naming it; when the shown file is not
+// read, nothing is shown (shown_file cleared, the arrays empty) and the result is false.
+bool choose_list(Session& session, const QString& list, bool known);
 
 } // namespace quorvane

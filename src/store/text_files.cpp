@@ -1,12 +1,14 @@
 #include "store/text_files.h"
 
 #include "store/file_faults.h"
+#include "store/file_lock.h"
 #include "store/paths.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
+#include <QScopeGuard>
 
 #include <array>
 #include <atomic>
@@ -89,12 +91,12 @@ QStringList splitLines(const QString& text)
     return lines;
 }
 
-std::optional<QStringList> readTextLines(const QString& path)
+std::optional<QStringList> readTextLines(const QString& path, QString* error)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    const auto bytes = readFileBytes(path, error);
+    if (!bytes)
         return std::nullopt;
-    return splitLines(decodeWindows1252(file.readAll()));
+    return splitLines(decodeWindows1252(*bytes));
 }
 
 QString readFirstLine(const QString& path)
@@ -152,6 +154,8 @@ QString causeText(int code)
 {
     if (code == ENOSPC || code == EDQUOT)
         return QStringLiteral("the disk is full");
+    if (code == EWOULDBLOCK)
+        return QStringLiteral("another copy of Quorvane keeps it busy");
     return QString::fromLocal8Bit(std::strerror(code));
 }
 
@@ -256,6 +260,74 @@ bool writerMayRun(const QString& name)
 
 } // namespace
 
+std::optional<QByteArray> readFileBytes(const QString& path, QString* error)
+{
+    const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) {
+        fail(errno, error);
+        return std::nullopt;
+    }
+    const auto closing = qScopeGuard([fd] { ::close(fd); });
+    struct stat info = {};
+    if (::fstat(fd, &info) != 0 || S_ISDIR(info.st_mode)) {
+        fail(S_ISDIR(info.st_mode) ? EISDIR : errno, error);
+        return std::nullopt;
+    }
+    QByteArray bytes;
+    bytes.reserve(static_cast<qsizetype>(info.st_size));
+    char chunk[65536];
+    for (;;) {
+        const ssize_t got = ::read(fd, chunk, sizeof chunk);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0) {
+            fail(errno, error);
+            return std::nullopt;
+        }
+        if (got == 0)
+            return bytes;
+        bytes.append(chunk, got);
+    }
+}
+
+bool forEachLine(const QString& path, const std::function<void(const QByteArray& line)>& take, QString* error)
+{
+    const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0)
+        return fail(errno, error);
+    const auto closing = qScopeGuard([fd] { ::close(fd); });
+    QByteArray line;
+    bool afterCr = false; // an LF right after a CR ends no second line
+    char chunk[65536];
+    for (;;) {
+        const ssize_t got = ::read(fd, chunk, sizeof chunk);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            return fail(errno, error);
+        if (got == 0)
+            break;
+        const char* start = chunk;
+        const char* const end = chunk + got;
+        for (const char* c = chunk; c < end; ++c) {
+            if (*c != '\r' && *c != '\n') {
+                afterCr = false;
+                continue;
+            }
+            line.append(start, c - start);
+            start = c + 1;
+            if (!(afterCr && *c == '\n' && line.isEmpty()))
+                take(line);
+            afterCr = *c == '\r';
+            line.clear();
+        }
+        line.append(start, end - start);
+    }
+    if (!line.isEmpty())
+        take(line);
+    return true;
+}
+
 bool writeTextLines(const QString& path, const QStringList& lines, QString* error)
 {
     return writeBytes(path, encodeLines(lines), error);
@@ -289,34 +361,50 @@ bool writeBytes(const QString& path, const QByteArray& bytes, QString* error)
 bool appendTextLines(const QString& path, const QStringList& lines, QString* error, qint64* previousLength)
 {
     const QByteArray name = QFile::encodeName(path);
-    const qint64 before = fileLength(path);
+    int fd = -1;
+    qint64 before = 0;
+    bool made = false;
+    // The file locked must still be the one of that name: an appender that made it and failed
+    // removes it, and a waiter would otherwise append to the removed file.
+    for (;;) {
+        made = !QFileInfo::exists(path);
+        fd = ::open(name.constData(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
+        if (fd < 0)
+            return fail(errno, error);
+        int code = 0;
+        if (!lockDescriptor(fd, FileLock::kDefaultWaitMs, &code)) {
+            ::close(fd);
+            return fail(code, error);
+        }
+        struct stat opened = {};
+        struct stat named = {};
+        if (::fstat(fd, &opened) == 0 && ::stat(name.constData(), &named) == 0 && opened.st_ino == named.st_ino &&
+            opened.st_dev == named.st_dev) {
+            before = opened.st_size;
+            break;
+        }
+        ::close(fd);
+    }
+    made = made && before == 0;
     if (previousLength)
-        *previousLength = before;
-    const int fd = ::open(name.constData(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
-    if (fd < 0)
-        return fail(errno, error);
+        *previousLength = made ? -1 : before;
     QByteArray bytes = encodeLines(lines);
     char last = '\n';
-    if (before > 0 && ::pread(fd, &last, 1, before - 1) == 1 && last != '\n')
+    if (before > 0 && ::pread(fd, &last, 1, before - 1) == 1 && last != '\n' && last != '\r')
         bytes.prepend("\r\n");
     int code = 0;
-    bool written = writeAll(fd, bytes, &code) && syncToDisk(fd, &code);
-    if (!written && before >= 0) {
-        // All or nothing: the fragment written goes again.
+    const bool written = writeAll(fd, bytes, &code) && syncToDisk(fd, &code);
+    if (!written) {
+        // All or nothing: what this append wrote goes again, and only that.
+        if (made)
+            ::unlink(name.constData());
         ::ftruncate(fd, before);
         ::fsync(fd);
     }
-    if (::close(fd) != 0 && written) {
-        code = errno;
-        written = false;
-        if (before >= 0)
-            restoreLength(path, before);
-    }
-    if (written)
-        return true;
-    if (before < 0)
-        ::unlink(name.constData());
-    return fail(code, error);
+    // Closing gives the turn to the next appender. The bytes are on the disk already, so an error
+    // of the close itself is not taken for a failure.
+    ::close(fd);
+    return written || fail(code, error);
 }
 
 bool renameIntoPlace(const QString& from, const QString& to, QString* error)

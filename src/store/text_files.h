@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 namespace quorvane {
@@ -16,8 +17,16 @@ QByteArray encodeWindows1252(const QString& text);
 
 // Splits text into lines ended by CR LF, LF or CR; a last line without an end is a line too.
 QStringList splitLines(const QString& text);
-// The lines of a text file, or nothing when it cannot be opened.
-std::optional<QStringList> readTextLines(const QString& path);
+// The bytes of a file, or nothing with error set to the cause when it cannot be opened or read
+// (a folder in its place included).
+std::optional<QByteArray> readFileBytes(const QString& path, QString* error = nullptr);
+// The lines of a text file, or nothing (error set as readFileBytes does) when it cannot be read.
+std::optional<QStringList> readTextLines(const QString& path, QString* error = nullptr);
+// Hands each line of a file to take, in order, without holding the file: a line is ended by CR LF,
+// LF or CR, and a last line without an end is a line too. False, with error set to the cause, when
+// the file cannot be opened or read.
+bool forEachLine(const QString& path, const std::function<void(const QByteArray& line)>& take,
+                 QString* error = nullptr);
 // The first line of a text file ("" when it is empty or cannot be opened).
 QString readFirstLine(const QString& path);
 // Every line followed by CR LF.
@@ -29,11 +38,13 @@ QByteArray encodeLines(const QStringList& lines);
 bool writeTextLines(const QString& path, const QStringList& lines, QString* error = nullptr);
 // Replaces a file by these bytes, atomically, as writeTextLines does.
 bool writeBytes(const QString& path, const QByteArray& bytes, QString* error = nullptr);
-// Appends these lines to a file, creating it when it does not exist, all or nothing: a write or
-// sync that fails cuts the file back to its old length (a file it made is removed). A file whose
-// last line has no end (a fragment left by a crash) gets CR LF first, so no line is glued onto it.
-// previousLength, where given, receives the old length (-1: the file did not exist), for
-// restoreLength.
+// Appends these lines to a file, creating it when it does not exist, all or nothing, and never
+// anything but appending: a last line without its end (a fragment left by a crash or a hand edit)
+// gets CR LF first, so no line is glued onto it; a last line ended by a lone CR is already ended.
+// Appenders to one file, in this process or another, take turns (a flock on the file), and a write
+// or sync that fails cuts the file back to where this append began (a file it made is removed), so
+// it never cuts another's lines. previousLength, where given, receives that length (-1: the file
+// did not exist), for restoreLength.
 bool appendTextLines(const QString& path, const QStringList& lines, QString* error = nullptr,
                      qint64* previousLength = nullptr);
 // Renames a file over another and makes the rename lasting, through the same fault point as a

@@ -34,6 +34,29 @@ QString unknownFileNotMade(const QString& path, const QString& reason)
     return QStringLiteral("Your list of unknown words could not be made in %1 (%2).").arg(path, reason);
 }
 
+QString fileNotRead(const QString& path, const QString& reason)
+{
+    return QStringLiteral("The file %1 could not be read (%2). Nothing was made from it.").arg(path, reason);
+}
+
+QString noListToMoveIn(const QString& word)
+{
+    return QStringLiteral("Please choose a list first: \"%1\" is moved between the unknown and known words of a "
+                          "list. Nothing was moved.")
+        .arg(word);
+}
+
+QString sourceNotRead(const QString& source, const QString& reason)
+{
+    return QStringLiteral("The word could not be moved: %1 could not be read (%2). Nothing was moved.")
+        .arg(source, reason);
+}
+
+QString wordNotInFile(const QString& word, const QString& source)
+{
+    return QStringLiteral("\"%1\" is not in %2, so it was not moved.").arg(word, source);
+}
+
 QString targetNotWritten(const QString& target, const QString& reason)
 {
     return QStringLiteral("The word could not be added to %1 (%2). Nothing was moved.")

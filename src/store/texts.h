@@ -11,7 +11,12 @@ QString badPairingLine(const QString& path, int lineNumber, int highestSoundNumb
 
 // The unknown file of a list that could not be made.
 QString unknownFileNotMade(const QString& path, const QString& reason);
+// A word file that could not be read: nothing was made from it.
+QString fileNotRead(const QString& path, const QString& reason);
 // A word that could not be moved between a student's unknown and known files.
+QString noListToMoveIn(const QString& word);
+QString sourceNotRead(const QString& source, const QString& reason);
+QString wordNotInFile(const QString& word, const QString& source);
 QString targetNotWritten(const QString& target, const QString& reason);
 QString sourceNotRewritten(const QString& source, const QString& reason);
 QString sourceNotWritten(const QString& target, const QString& source, const QString& reason);

@@ -173,12 +173,6 @@ WordArrays parseWordArrays(const QByteArray& bytes, const QString& path, const W
     return {std::move(words), std::move(translations), std::move(soundNumbers)};
 }
 
-QByteArray readBytes(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 } // namespace
 
 ListFiles list_files_of(const Session& session, const QString& list)
@@ -191,21 +185,34 @@ ListFiles list_files_of(const Session& session, const QString& list)
 
 bool make_unknowns_file(const ListFiles& files, QString* error)
 {
-    if (QFile::exists(files.unknown_file) || !QFile::exists(files.list_file))
+    if (QFile::exists(files.unknown_file))
         return true;
-    QByteArray unknown;
+    QString cause;
+    const auto notRead = [&](const QString& path) {
+        if (error)
+            *error = texts::fileNotRead(path, cause);
+        return false;
+    };
+    std::optional<QByteArray> unknown;
     if (!QFile::exists(files.known_file)) {
-        unknown = readBytes(files.list_file);
+        unknown = readFileBytes(files.list_file, &cause);
+        if (!unknown)
+            return notRead(files.list_file);
     } else {
-        const QStringList known = readTextLines(files.known_file).value_or(QStringList());
-        if (known.size() > kMaxKnownLines)
+        const auto known = readTextLines(files.known_file, &cause);
+        if (!known)
+            return notRead(files.known_file);
+        if (known->size() > kMaxKnownLines)
             throw TableLimitError(texts::tooManyLines(files.known_file, kMaxKnownLines));
+        const auto listed = readTextLines(files.list_file, &cause);
+        if (!listed)
+            return notRead(files.list_file);
         // The known table always holds one empty slot after its lines, so an empty list line is
         // left out as soon as a known file exists.
-        QSet<QString> knownLines(known.begin(), known.end());
+        QSet<QString> knownLines(known->begin(), known->end());
         knownLines.insert(QString());
         QStringList lines;
-        for (const QString& line : readTextLines(files.list_file).value_or(QStringList())) {
+        for (const QString& line : *listed) {
             if (!knownLines.contains(line))
                 lines.append(line);
         }
@@ -213,8 +220,12 @@ bool make_unknowns_file(const ListFiles& files, QString* error)
     }
     // A list too long to be shown is refused before the student's copy of it is made, so the list
     // opens once it is mended.
-    parseWordArrays(unknown, files.list_file, {});
-    return writeBytes(files.unknown_file, unknown, error);
+    parseWordArrays(*unknown, files.list_file, {});
+    if (writeBytes(files.unknown_file, *unknown, &cause))
+        return true;
+    if (error)
+        *error = texts::unknownFileNotMade(files.unknown_file, cause);
+    return false;
 }
 
 void generate_unknowns_file(Session& session)
@@ -225,42 +236,75 @@ void generate_unknowns_file(Session& session)
     session.unknown_file = files.unknown_file;
     QString error;
     if (!make_unknowns_file(files, &error))
-        session.prompts.message(texts::unknownFileNotMade(files.unknown_file, error));
+        session.prompts.message(error);
 }
 
-WordArrays read_word_arrays(const QString& path, const WordArrays& previous)
+std::optional<WordArrays> read_word_file(const QString& path, QString* error, const WordArrays& previous)
 {
-    return parseWordArrays(readBytes(path), path, previous);
+    const auto bytes = readFileBytes(path, error);
+    if (!bytes)
+        return std::nullopt;
+    return parseWordArrays(*bytes, path, previous);
 }
 
-void create_array_of_words(Session& session, const QString& path)
+bool create_array_of_words(Session& session, const QString& path)
 {
-    WordArrays previous{session.words, session.translations, session.sound_numbers};
-    WordArrays arrays = read_word_arrays(path, previous);
-    session.words = std::move(arrays.words);
-    session.translations = std::move(arrays.translations);
-    session.sound_numbers = std::move(arrays.sound_numbers);
+    QString error;
+    std::optional<WordArrays> arrays =
+        read_word_file(path, &error, WordArrays{session.words, session.translations, session.sound_numbers});
+    if (!arrays)
+        session.prompts.message(texts::fileNotRead(path, error));
+    WordArrays read = arrays ? std::move(*arrays) : WordArrays();
+    session.words = std::move(read.words);
+    session.translations = std::move(read.translations);
+    session.sound_numbers = std::move(read.sound_numbers);
+    session.words_file = path;
+    return arrays.has_value();
 }
+
+namespace {
+
+// The slot a pairing line names: its first field, blanks around it allowed, digits only and no
+// higher than kMaxSoundNumber; -1 for anything else (a NUL or a letter after the digits included).
+int pairingSlot(const char* from, const char* to)
+{
+    while (from < to && (*from == ' ' || *from == '\t'))
+        ++from;
+    while (to > from && (to[-1] == ' ' || to[-1] == '\t'))
+        --to;
+    if (from == to || to - from > 9)
+        return -1;
+    int slot = 0;
+    for (; from < to; ++from) {
+        if (*from < '0' || *from > '9')
+            return -1;
+        slot = slot * 10 + (*from - '0');
+    }
+    return slot <= kMaxSoundNumber ? slot : -1;
+}
+
+} // namespace
 
 void load_trans_index(const QString& path, QStringList& table)
 {
-    const auto lines = readTextLines(path);
-    if (!lines)
-        return;
-    QList<std::pair<int, QString>> pairs;
-    pairs.reserve(lines->size());
+    // The file is read a line at a time into a copy of the table (its slots, not their texts), so a
+    // pairing file of any length takes no more memory than the table, and the table is untouched
+    // when a line is refused.
+    QStringList paired = table;
     int lineNumber = 0;
-    for (const QString& line : *lines) {
+    const bool read = forEachLine(path, [&](const QByteArray& line) {
         ++lineNumber;
-        const QStringList fields = line.split(u'|');
-        bool isNumber = false;
-        const int slot = fields.first().trimmed().toInt(&isNumber);
-        if (fields.size() < 2 || !isNumber || slot < 0 || slot > kMaxSoundNumber)
+        const char* const begin = line.constData();
+        const char* const end = begin + line.size();
+        const char* const bar = std::find(begin, end, '|');
+        const int slot = pairingSlot(begin, bar);
+        if (bar == end || slot < 0 || slot >= paired.size())
             throw TableLimitError(texts::badPairingLine(path, lineNumber, kMaxSoundNumber));
-        pairs.append({slot, fields.at(1)});
-    }
-    for (const auto& [slot, number] : pairs)
-        table[slot] = number;
+        const char* const second = std::find(bar + 1, end, '|');
+        paired[slot] = decodeWindows1252(QByteArray::fromRawData(bar + 1, second - bar - 1));
+    });
+    if (read)
+        table = std::move(paired);
 }
 
 std::optional<QString> translation_sound_number(const Session& session, const QString& soundNumber)

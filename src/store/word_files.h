@@ -42,23 +42,25 @@ ListFiles list_files_of(const Session& session, const QString& list);
 // Makes the unknown file of a list when it does not exist: the list file copied whole when there
 // is no known file, otherwise every list line that is not a line of the known file. An existing
 // unknown file is never rebuilt. Throws TableLimitError before writing for a known file of too
-// many lines, or an unknown file that would hold too many entries. False, with error set, when the
-// file cannot be written.
+// many lines, or an unknown file that would hold too many entries. False, with error set to a
+// sentence naming the file and the cause, when the list or known file cannot be read (nothing is
+// written then) or the unknown file cannot be written.
 bool make_unknowns_file(const ListFiles& files, QString* error);
 
 // Sets list_file, known_file and unknown_file for current_language and current_list and makes the
-// unknown file as make_unknowns_file does; a failure to write it is said in a message box.
+// unknown file as make_unknowns_file does; a failure is said in a message box.
 void generate_unknowns_file(Session& session);
 
-// The entries of a word file (none when it cannot be opened). Throws TableLimitError for a file of
-// more than kMaxWordEntries entries. Strings equal to those of previous at the same place are
-// shared with it rather than decoded again.
-WordArrays read_word_arrays(const QString& path, const WordArrays& previous = {});
+// The entries of a word file, or nothing with error set to the cause when it cannot be read.
+// Throws TableLimitError for a file of more than kMaxWordEntries entries. Strings equal to those of
+// previous at the same place are shared with it rather than decoded again.
+std::optional<WordArrays> read_word_file(const QString& path, QString* error, const WordArrays& previous = {});
 
 // Fills words, translations and sound_numbers with the entries of a word file, the last slot
-// empty. A file that cannot be opened gives no entries. Throws TableLimitError, leaving the
-// arrays as they were, for a file of more than kMaxWordEntries entries.
-void create_array_of_words(Session& session, const QString& path);
+// empty, and words_file with its path. A file that cannot be read is said in a message box, naming
+// it, and gives no entries (false). Throws TableLimitError, leaving the arrays as they were, for a
+// file of more than kMaxWordEntries entries.
+bool create_array_of_words(Session& session, const QString& path);
 
 // Reads a pairing file into the table, line by line: the second field goes to the slot named
 // by the first. Slots the file does not name keep their text. Throws TableLimitError, with the

@@ -6,19 +6,35 @@
 #include "store/texts.h"
 #include "store/word_files.h"
 
-#include <QFileInfo>
-
 namespace quorvane {
 
 namespace {
 
-QStringList entriesExcept(const Session& session, int index)
+// The index in arrays of the entry word|translation|sound number: preferred at index, else the
+// first; -1 when there is none. The empty last slot is no entry.
+qsizetype findEntry(const WordArrays& arrays, const WordEntry& entry, qsizetype index)
+{
+    const auto matches = [&](qsizetype i) {
+        return arrays.words.at(i) == entry.word && arrays.translations.at(i) == entry.translation &&
+               arrays.sound_numbers.at(i) == entry.sound_number;
+    };
+    const qsizetype entries = arrays.words.size() - 1;
+    if (index < entries && matches(index))
+        return index;
+    for (qsizetype i = 0; i < entries; ++i) {
+        if (matches(i))
+            return i;
+    }
+    return -1;
+}
+
+QStringList entriesExcept(const WordArrays& arrays, qsizetype index)
 {
     QStringList lines;
-    lines.reserve(session.words.size());
-    for (qsizetype i = 0; i < session.words.size(); ++i) {
+    lines.reserve(arrays.words.size());
+    for (qsizetype i = 0; i < arrays.words.size(); ++i) {
         if (i != index)
-            lines.append(joinEntry(session.words.at(i), session.translations.at(i), session.sound_numbers.at(i)));
+            lines.append(joinEntry(arrays.words.at(i), arrays.translations.at(i), arrays.sound_numbers.at(i)));
     }
     return lines;
 }
@@ -27,33 +43,47 @@ QStringList entriesExcept(const Session& session, int index)
 
 void move_word(Session& session, const QString& targetFile, const QString& sourceFile, int index)
 {
-    // Rows of an empty selection (-1) or past the arrays name no entry: moving them would only
-    // rewrite the source without its words.
+    // Rows of an empty selection (-1) or past the arrays name no entry.
     if (index < 0 || index >= session.words.size())
         return;
-    // The source is rewritten from the arrays, so they must hold it: a move out of another file
-    // (a known list shown in the flash cards, and "Mark Word As Known") would replace that file by
-    // the shown one. Such a move does nothing.
-    if (sourceFile != session.shown_file)
+    // Arrays of the shown file that is not the source: a known list shown in the flash cards
+    // ("Mark Word As Known"), whose word is not among the unknown ones.
+    if (session.words_file == session.shown_file && !session.shown_file.isEmpty() && sourceFile != session.shown_file)
         return;
-    const QString entry =
-        joinEntry(session.words.at(index), session.translations.at(index), session.sound_numbers.at(index));
+    const WordEntry entry{session.words.at(index), session.translations.at(index), session.sound_numbers.at(index)};
+    if (sourceFile.isEmpty()) {
+        session.prompts.message(texts::noListToMoveIn(entry.word));
+        return;
+    }
+    QString error;
+    const std::optional<WordArrays> source = read_word_file(sourceFile, &error);
+    if (!source) {
+        session.prompts.message(texts::sourceNotRead(sourceFile, error));
+        return;
+    }
+    const qsizetype at = findEntry(*source, entry, index);
+    if (at < 0) {
+        session.prompts.message(texts::wordNotInFile(entry.word, sourceFile));
+        return;
+    }
     // The target gains the entry before the source loses it, and the source is replaced in one
     // rename: at every moment the entry is in at least one of the two files.
     // A failure leaves both files as they were.
-    QString error;
     qint64 targetLength = -1;
-    if (!appendTextLines(targetFile, {entry}, &error, &targetLength)) {
+    if (!appendTextLines(targetFile, {joinEntry(entry.word, entry.translation, entry.sound_number)}, &error,
+                         &targetLength)) {
         session.prompts.message(texts::targetNotWritten(targetFile, error));
         return;
     }
-    if (!writeTextLines(sourceFile, entriesExcept(session, index), &error)) {
+    if (!writeTextLines(sourceFile, entriesExcept(*source, at), &error)) {
         if (restoreLength(targetFile, targetLength))
             session.prompts.message(texts::sourceNotRewritten(sourceFile, error));
         else
             session.prompts.message(texts::sourceNotWritten(targetFile, sourceFile, error));
         return;
     }
+    if (session.words_file != sourceFile)
+        return;
     create_array_of_words(session, sourceFile);
     session.mainView().display_words();
 }

@@ -6,12 +6,16 @@ namespace quorvane {
 
 class Session;
 
-// Moves entry index of the word arrays (which hold source_file) from source_file to target_file:
-// the entry is appended to the target, then the source is replaced by every other entry of the
-// arrays (the empty last slot written as "||"); the arrays are then reloaded from the source and
-// the main view shows them. Whenever the process dies, every entry is in at least one file.
-// Nothing is done, and nothing said, when the arrays do not show source_file (shown_file differs)
-// or index names no entry.
+// Moves the entry the word arrays hold at index from source_file to target_file. The entry is
+// looked up by its content in source_file as it is on the disk (at the same place first, for a file
+// holding it twice), appended to the target, and the source is replaced by its every other entry
+// (an empty last slot written as "||"); no file is ever written from the arrays. When the arrays
+// hold source_file they are read again and the main view shows them; arrays of anything else
+// (search results, a test's words) stay as they are. An entry the source does not hold, a source
+// that cannot be read and a failed write are said in a message, and change no file. Whenever the
+// process dies, every entry is in at least one file.
+// Nothing is done, and nothing said, when the arrays hold the shown file and that is not
+// source_file (a known list in the flash cards, and "Mark Word As Known"), or index names no entry.
 void move_word(Session& session, const QString& targetFile, const QString& sourceFile, int index);
 void move_to_known(Session& session, int index);
 void move_to_unknown(Session& session, int index);
