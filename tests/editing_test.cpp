@@ -338,7 +338,7 @@ struct Safety : Editing
 
 } // namespace
 
-TEST_F(Safety, AnEditWithAnyStepFailingChangesEveryFileOrNoneAndARetryAddsOnce)
+TEST_F(Safety, AnEditWithAnyStepFailingChangesEveryFileOrNoneAndSaysWhy)
 {
     const auto prepare = [this] {
         for (const char* part : {"languages", "users"})
