@@ -333,8 +333,56 @@ void BM_KillDuringNewLanguage(benchmark::State& state)
     report(state, rounds, acknowledged, lost, left);
 }
 
+// Two real processes add words to one language at once, each with a student of its own: every
+// word added is in the list and master, and no sound number is given twice.
+void BM_TwoCopiesAddWords(benchmark::State& state)
+{
+    QTemporaryDir folder(scratchRoot() + QStringLiteral("/quorvane-XXXXXX"));
+    bench::writeFile(folder.filePath(QStringLiteral("languages/spanish/food.txt")), "casa|house|01234\r\n");
+    bench::writeFile(folder.filePath(QStringLiteral("languages/spanish/master_spanish.txt")), "casa|house|01234\r\n");
+    for (const char* student : {"s0", "s1"})
+        QDir().mkpath(folder.filePath(QStringLiteral("users/%1/spanish").arg(QString::fromLatin1(student))));
+    constexpr int kEach = 100;
+    long acknowledged = 0, lost = 0, twice = 0;
+    for (auto _ : state) {
+        pid_t children[2];
+        for (int copy = 0; copy < 2; ++copy) {
+            children[copy] = fork();
+            if (children[copy] == 0) {
+                Child child(folder.path());
+                child.session.unknown_file = folder.filePath(QStringLiteral("users/s%1/spanish/food-u.txt").arg(copy));
+                int added = 0;
+                for (int n = 0; n < kEach; ++n)
+                    added += add_word(child.session, {QStringLiteral("c%1").arg(copy), QStringLiteral("t"), QString()})
+                                 ? 1
+                                 : 0;
+                _exit(added == kEach ? 0 : 1);
+            }
+        }
+        for (const pid_t child : children) {
+            int status = 0;
+            waitpid(child, &status, 0);
+            acknowledged += WIFEXITED(status) && WEXITSTATUS(status) == 0 ? kEach : 0;
+        }
+        QStringList numbers;
+        for (const QString& line :
+             readTextLines(folder.filePath(QStringLiteral("languages/spanish/master_spanish.txt")))
+                 .value_or(QStringList()))
+            if (line.startsWith(u'c'))
+                numbers.append(line.section(u'|', 2));
+        lost += acknowledged - numbers.size() > 0 ? acknowledged - numbers.size() : 0;
+        twice += numbers.removeDuplicates();
+    }
+    state.counters["acknowledged"] = static_cast<double>(acknowledged);
+    state.counters["acknowledged_lost"] = static_cast<double>(lost);
+    state.counters["numbers_given_twice"] = static_cast<double>(twice);
+    if (lost > 0 || twice > 0 || acknowledged == 0)
+        state.SkipWithError("two copies adding words lost a word or gave a number twice");
+}
+
 } // namespace
 
+BENCHMARK(BM_TwoCopiesAddWords)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_KillDuringRecording)->Iterations(200)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_KillDuringWordEdits)->Iterations(200)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_KillDuringPacking)->Iterations(100)->Unit(benchmark::kMillisecond);
