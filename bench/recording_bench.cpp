@@ -24,7 +24,7 @@ namespace {
 constexpr int kRate = 22050;
 
 // A microphone whose 1.4 s take is over as soon as it starts: record_word then does only what follows
-// the end of a recording (stop, read, silence cut, temporary file, cipher, rename, delete).
+// the end of a recording (stop, read, silence cut, cipher, write beside, sync, rename).
 class FinishedMicrophone : public FakeSound
 {
 public:

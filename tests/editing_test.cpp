@@ -1,11 +1,16 @@
 #include "record/editing.h"
 #include "record/packing.h"
+#include "record/unfinished_work.h"
+#include "store/file_faults.h"
+#include "store/new_language.h"
 #include "test_support.h"
 
 #include <QDirIterator>
+#include <QMap>
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <csignal>
 #include <random>
 #include <sys/wait.h>
@@ -14,6 +19,7 @@
 using namespace quorvane;
 using quorvane::test::boxes;
 using quorvane::test::patternBytes;
+using Step = file_faults::Step;
 
 namespace {
 
@@ -100,23 +106,16 @@ TEST_F(Editing, CorrectionAndDeletionRewriteEveryEntryOfTheNumberInEachFileAndLo
     EXPECT_EQ(folder.read(kLog), "word_deleted->casa|hogar|01234\r\n");
 }
 
-TEST_F(Editing, AnErrorEndsTheSaveAndNoClickedEntryChangesNothing)
+TEST_F(Editing, NoClickedEntryChangesNothing)
 {
     const QByteArray entries = "casa|house|01234\r\n\r\nabc\r\n";
     for (const char* file : {kList, kMaster, kKnown})
         folder.write(file, entries);
-
     // No entry clicked: no line is taken for the empty number, not even an empty one.
-    EXPECT_EQ(save_text(session, {"x", "y", ""}, 2), std::nullopt); // the unknown file is missing
+    EXPECT_EQ(save_text(session, {"x", "y", ""}, 2), 3);
     for (const char* file : {kList, kMaster, kKnown})
         EXPECT_EQ(folder.read(file), entries) << file;
     EXPECT_FALSE(folder.exists(kLog));
-
-    // The missing unknown file ends the save after the list and master, before the known file.
-    EXPECT_EQ(save_text(session, {"casa", "home", "01234"}, 0), std::nullopt);
-    for (const char* file : {kList, kMaster})
-        EXPECT_EQ(folder.read(file), "casa|home|01234\r\n\r\nabc\r\n") << file;
-    EXPECT_EQ(folder.read(kKnown), entries);
     EXPECT_TRUE(prompts.shown.isEmpty());
 }
 
@@ -273,4 +272,201 @@ TEST_F(Packing, CancelChangesNothingAndOKPacksOneArchivePerRecordingFolderAndThe
     ASSERT_TRUE(pack_recordings(session));
     EXPECT_EQ(member("recordings/str/spanish_str_71.zip", "71005.str"), "again");
     EXPECT_EQ(members("recordings/text_spanish.zip"), textFiles);
+}
+
+namespace {
+
+// Word edits, packing and new languages against failing disks and kills: every file whole, nothing
+// left beside, and the user told what failed.
+struct Safety : Editing
+{
+    void words()
+    {
+        folder.write(kList, "casa|house|01234\r\nsol|sun|01300\r\n");
+        folder.write(kMaster, "agua|water|01002\r\ncasa|house|01234\r\nsol|sun|01300"); // no last line end
+        folder.write(kUnknown, "casa|house|01234\r\n");
+        folder.write(kKnown, "sol|sun|01300\r\n");
+        folder.write(kLog, "old|line|00001->old|one|00001\r\n");
+        folder.write(kHigh, " 70005\r\n");
+    }
+    // Every file and folder below the program folder with its bytes; the language locks aside.
+    QMap<QString, QByteArray> snapshot() const
+    {
+        QMap<QString, QByteArray> files;
+        for (QDirIterator it(folder.path(), QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden,
+                             QDirIterator::Subdirectories);
+             it.hasNext();) {
+            const QString relative = it.next().mid(folder.path().size() + 1);
+            if (!relative.endsWith("/.lock"))
+                files.insert(relative, it.fileInfo().isDir() ? QByteArray("<folder>") : folder.read(relative));
+        }
+        return files;
+    }
+    // Runs operate with each write, flush and rename failing in turn on a full disk: afterwards the
+    // files are as before (with error naming a file and the cause) or as a run without a fault
+    // leaves them, and nothing else is there.
+    void failEachStep(const std::function<void()>& prepare, const std::function<bool(QString* error)>& operate)
+    {
+        prepare();
+        const auto before = snapshot();
+        file_faults::reset();
+        QString error;
+        ASSERT_TRUE(operate(&error)) << error.toStdString();
+        const std::array<int, 3> counts = {file_faults::count(Step::write), file_faults::count(Step::flush),
+                                           file_faults::count(Step::rename)};
+        const auto done = snapshot();
+        ASSERT_NE(done, before);
+        for (const Step step : {Step::write, Step::flush, Step::rename}) {
+            for (int nth = 1; nth <= counts[size_t(step)]; ++nth) {
+                SCOPED_TRACE(QString("step %1, number %2").arg(int(step)).arg(nth).toStdString());
+                prepare();
+                file_faults::reset();
+                file_faults::failAt(step, nth, ENOSPC);
+                error.clear();
+                const bool made = operate(&error);
+                file_faults::reset();
+                const auto after = snapshot();
+                EXPECT_EQ(after, made ? done : before);
+                if (!made) {
+                    EXPECT_TRUE(error.contains(folder.path()) && error.contains("the disk is full"))
+                        << error.toStdString();
+                }
+            }
+        }
+    }
+};
+
+} // namespace
+
+TEST_F(Safety, AnEditWithAnyStepFailingChangesEveryFileOrNoneAndSaysWhy)
+{
+    const auto prepare = [this] {
+        for (const char* part : {"languages", "users"})
+            QDir(folder.file(part)).removeRecursively();
+        words();
+    };
+    failEachStep(prepare, [this](QString* error) { return add_word(session, {"gato", "cat", ""}, error).has_value(); });
+    failEachStep(prepare, [this](QString* error) {
+        return save_text(session, {"casa", "home", "01234"}, 0, "no", error).has_value();
+    });
+    failEachStep(prepare, [this](QString* error) {
+        return delete_word(session, {"sol", "sun", "01300"}, 1, error).has_value();
+    });
+
+    // A correction with the student's known file missing corrects the others; one that cannot be
+    // read stops it all.
+    prepare();
+    QString error;
+    QFile::remove(folder.file(kKnown));
+    EXPECT_EQ(save_text(session, {"casa", "home", "01234"}, 3), 4);
+    EXPECT_EQ(folder.read(kUnknown), "casa|home|01234\r\n");
+    EXPECT_FALSE(folder.exists(kKnown));
+    EXPECT_EQ(folder.read(kLog), "old|line|00001->old|one|00001\r\ncasa|house|01234->casa|home|01234\r\n");
+    folder.mkdir(kKnown);
+    EXPECT_EQ(save_text(session, {"casa", "hogar", "01234"}, 3, "no", &error), std::nullopt);
+    EXPECT_TRUE(error.contains(folder.file(kKnown))) << error.toStdString();
+    EXPECT_EQ(folder.read(kUnknown), "casa|home|01234\r\n");
+}
+
+TEST_F(Safety, AKilledEditThatWasCommittedIsCompletedAtTheNextStartAndNothingTwice)
+{
+    // Killed after the list was renamed into place, half-way through appending to the log.
+    words();
+    folder.write(kList, "casa|home|01234\r\nsol|sun|01300\r\n");
+    folder.write(kMaster + QString(".edit.tmp"), "agua|water|01002\r\ncasa|home|01234\r\nsol|sun|01300\r\n");
+    const QByteArray logLine = "casa|house|01234->casa|home|01234\r\n";
+    const QByteArray oldLog = folder.read(kLog);
+    folder.write(kLog, oldLog + logLine.left(9));
+    folder.write("languages/spanish/edits.journal",
+                 "rename\t" + folder.file(kList + QString(".edit.tmp")).toUtf8() + "\t" + folder.file(kList).toUtf8() +
+                     "\nrename\t" + folder.file(kMaster + QString(".edit.tmp")).toUtf8() + "\t" +
+                     folder.file(kMaster).toUtf8() + "\nappend\t" + folder.file(kLog).toUtf8() + "\t" +
+                     QByteArray::number(oldLog.size()) + "\t" + logLine.toHex() + "\ncommit\n");
+    for (int start = 0; start < 2; ++start)
+        finish_unfinished_work(session.languages_folder);
+    EXPECT_EQ(folder.read(kList), "casa|home|01234\r\nsol|sun|01300\r\n");
+    EXPECT_EQ(folder.read(kMaster), "agua|water|01002\r\ncasa|home|01234\r\nsol|sun|01300\r\n");
+    EXPECT_EQ(folder.read(kLog), oldLog + logLine);
+    EXPECT_EQ(QDir(folder.file("languages/spanish")).entryList({"*.tmp", "*.journal"}), QStringList());
+}
+
+TEST_F(Safety, PackingPacksOnlyWordFilesSweepsWhatAKilledRunLeftAndNamesEveryArchiveThatFailed)
+{
+    folder.write("languages/spanish/new_str/70/70000.str", "seventy");
+    folder.write("languages/spanish/new_str/71/71000.str", "seventy-one");
+    folder.write(kList, "casa|house|01234\r\n");
+    // What killed runs left: the archiver's temporaries, a rewrite's, a journal not committed.
+    for (const char* left : {"languages/spanish/spanish.zip.Ab12Cd", "languages/spanish/new_str/70/70.zip.xY3z9Q",
+                             "languages/spanish/food.txt.rewrite.tmp", "languages/spanish/food.txt.edit.tmp"})
+        folder.write(left, "left behind");
+    folder.write("languages/spanish/edits.journal", "rename\t" +
+                                                        folder.file("languages/spanish/food.txt.edit.tmp").toUtf8() +
+                                                        "\t" + folder.file(kList).toUtf8() + "\n");
+    prompts.push(true);
+    EXPECT_TRUE(pack_recordings(session));
+    QByteArray listing;
+    quorvane::test::runTool("unzip", {"-Z1", folder.file("recordings/text_spanish.zip")}, &listing);
+    EXPECT_EQ(listing, "food.txt\n");
+
+    finish_unfinished_work(session.languages_folder);
+    QStringList remaining;
+    for (QDirIterator it(folder.file("languages"), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+         it.hasNext();)
+        remaining.append(it.next().mid(folder.path().size() + 1));
+    remaining.removeAll("languages/spanish/.lock");
+    remaining.sort();
+    EXPECT_EQ(remaining, QStringList({kList, "languages/spanish/new_str/70/70.zip",
+                                      "languages/spanish/new_str/70/70000.str", "languages/spanish/new_str/71/71.zip",
+                                      "languages/spanish/new_str/71/71000.str", "languages/spanish/spanish.zip"}));
+
+    // The second copy of the 71 archive cannot be written: named with its cause, the rest written.
+    QDir(folder.file("recordings")).removeRecursively();
+    prompts.shown.clear();
+    prompts.push(true);
+    file_faults::failAt(Step::write, 4, ENOSPC);
+    EXPECT_FALSE(pack_recordings(session));
+    file_faults::reset();
+    const QString said = prompts.shown.last().text;
+    EXPECT_FALSE(said.startsWith("This action is finished.")) << said.toStdString();
+    EXPECT_TRUE(said.contains(folder.file("recordings/str/spanish_str_71.zip") + " (the disk is full)"))
+        << said.toStdString();
+    EXPECT_TRUE(said.contains(folder.file("recordings/text_spanish.zip"))) << said.toStdString();
+    EXPECT_TRUE(QDir(folder.file("recordings/str")).entryList(QDir::Files) == QStringList({"spanish_str_70.zip"}));
+}
+
+TEST_F(Safety, ANewLanguageAppearsWholeOrNotAtAllAndAKilledBuildIsSweptOrFinished)
+{
+    folder.write("languages/english/master_english.txt", "eat|comer|00217\r\n");
+    folder.write("languages/english/eat_words.txt", "eat|comer|00217\r\n");
+    const auto prepare = [this] {
+        QDir(folder.file("languages/swahili")).removeRecursively();
+        QDir(folder.file("languages/xhosa")).removeRecursively();
+    };
+    const auto make = [this](const char* name, const char* target) {
+        return [this, name, target](QString* error) {
+            prompts.shown.clear();
+            prompts.push(QString(name));
+            prompts.push(QString(target));
+            const bool made = new_language(session);
+            *error = prompts.shown.last().text;
+            return made;
+        };
+    };
+    failEachStep(prepare, make("swahili", "english"));
+    failEachStep(prepare, make("swahili", "xhosa"));
+
+    // A build killed before it was complete is removed at the next start, and the name is free; one
+    // killed while moving into place is finished.
+    prepare();
+    folder.write("new_language.999999.tmp/swahili/trans_swahili.dat", "english\r\n");
+    folder.write("new_language.999998.tmp/hausa/trans_hausa.dat", "yoruba\r\n");
+    folder.write("new_language.999998.tmp/yoruba/trans_yoruba.dat", "hausa\r\n");
+    folder.write("new_language.999998.tmp/complete", "hausa\r\n");
+    finish_unfinished_work(session.languages_folder);
+    EXPECT_EQ(QDir(folder.path()).entryList({"new_language.*"}, QDir::Dirs | QDir::Hidden), QStringList());
+    EXPECT_FALSE(folder.exists("languages/swahili"));
+    EXPECT_EQ(folder.read("languages/hausa/trans_hausa.dat"), "yoruba\r\n");
+    EXPECT_EQ(folder.read("languages/yoruba/trans_yoruba.dat"), "hausa\r\n");
+    QString error;
+    EXPECT_TRUE(make("swahili", "english")(&error));
 }

@@ -2,8 +2,10 @@
 #include "record/record_session.h"
 #include "record/record_window.h"
 #include "sound/cipher.h"
+#include "sound/playback.h"
 #include "sound/recording.h"
 #include "sound/sdl_sound.h"
+#include "store/file_faults.h"
 #include "test_support.h"
 
 #include <QCoreApplication>
@@ -14,12 +16,15 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cmath>
+#include <functional>
 #include <initializer_list>
 
 using namespace quorvane;
 using quorvane::test::items;
 using quorvane::test::Program;
+using Step = file_faults::Step;
 
 namespace {
 
@@ -93,7 +98,7 @@ TEST_F(Recording, StoresTheCutTakeEncipheredAndStopsEarlyOnStop)
     // 0.2 s of quiet, a negative sample, a 1 s tone of 1000 and -1000, quiet to the end.
     const QByteArray tone = samples({1000, -1000}).repeated(kRate / 2);
     sound.microphone = repeated(0, 4410) + samples({-20}) + tone + repeated(0, 30870);
-    const QByteArray stored = record_word(session, folder.file("01436.str"), kRate, 1.4f, 1, 2);
+    const QByteArray stored = record_word(session, folder.file("01436.str"), kRate, 1.4f, 1, 2).value();
     EXPECT_EQ(stored, samples({-20}) + tone);
     EXPECT_EQ(opensslDecipher(folder, "01436.str"), stored);
     EXPECT_FALSE(folder.exists("01436.tmp"));
@@ -104,7 +109,7 @@ TEST_F(Recording, StoresTheCutTakeEncipheredAndStopsEarlyOnStop)
     // STOP half-way keeps what was recorded until then; a new take replaces the old file whole.
     sound.microphone = repeated(1000, 30870);
     clock.at(0.5, [&] { session.stop_flag = flags::kYes; });
-    const QByteArray half = record_word(session, folder.file("01436.str"), kRate, 1.4f, 1, 2);
+    const QByteArray half = record_word(session, folder.file("01436.str"), kRate, 1.4f, 1, 2).value();
     EXPECT_NEAR(half.size() / 2, kRate / 2 + 122.5, 127.5);
     EXPECT_EQ(half, repeated(1000, half.size() / 2));
     EXPECT_EQ(opensslDecipher(folder, "01436.str"), half);
@@ -112,7 +117,7 @@ TEST_F(Recording, StoresTheCutTakeEncipheredAndStopsEarlyOnStop)
     // Zero seconds records nothing and does not wait.
     session.stop_flag.clear();
     const long waits = clock.processed;
-    EXPECT_TRUE(record_word(session, folder.file("00000.str"), kRate, 0.0f, 1, 2).isEmpty());
+    EXPECT_EQ(record_word(session, folder.file("00000.str"), kRate, 0.0f, 1, 2), QByteArray());
     EXPECT_EQ(clock.processed, waits);
     EXPECT_EQ(opensslDecipher(folder, "00000.str"), QByteArray());
 }
@@ -121,7 +126,7 @@ TEST_F(Recording, LibraryFailuresAreToldAndLeaveAnEmptyFileWithoutWaiting)
 {
     NoMicrophone noMicrophone;
     Session first(prompts, noMicrophone, clock);
-    EXPECT_TRUE(record_word(first, folder.file("01436.str"), kRate, 1.4f, 1, 2).isEmpty());
+    EXPECT_EQ(record_word(first, folder.file("01436.str"), kRate, 1.4f, 1, 2), QByteArray());
     EXPECT_EQ(clock.processed, 0);
     EXPECT_EQ(opensslDecipher(folder, "01436.str"), QByteArray());
 
@@ -154,7 +159,7 @@ TEST_F(Recording, RecordsAToneThroughSdlFromTheDiskDriver)
         SdlSound sdl;
         QtClock wallClock;
         Session real(prompts, sdl, wallClock);
-        stored = record_word(real, folder.file("01436.str"), kRate, 1.4f, 1, 2);
+        stored = record_word(real, folder.file("01436.str"), kRate, 1.4f, 1, 2).value_or("not stored");
         EXPECT_TRUE(prompts.shown.isEmpty()) << prompts.texts().join("\n").toStdString();
     }
     qputenv("SDL_AUDIODRIVER", driver);
@@ -287,6 +292,50 @@ TEST(RecordingSession, ManyWordsEndNearTheBottomWithoutRecordingTheEleventh)
     last.run();
     EXPECT_EQ(last.recorded(), QList<int>{2});
     EXPECT_TRUE(last.selections.isEmpty());
+}
+
+TEST(RecordingSession, ATakeThatCannotBeStoredIsToldKeepsTheOldTakeAndEndsTheSession)
+{
+    // Each step of storing the take failing in turn on a full disk, then new_str being a file.
+    const auto fail = [](Step step) { return [step] { file_faults::failAt(step, 1, ENOSPC); }; };
+    for (const auto& [what, breakIt] : QList<std::pair<QString, std::function<void()>>>{{"write", fail(Step::write)},
+                                                                                        {"flush", fail(Step::flush)},
+                                                                                        {"rename", fail(Step::rename)},
+                                                                                        {"new_str is a file", [] {}}}) {
+        SCOPED_TRACE(what.toStdString());
+        SessionRun run(2);
+        run.choose(1);
+        run.state.record_single = flags::kYes;
+        if (what.startsWith("new_str"))
+            run.folder.write("languages/spanish/new_str", "a file");
+        else
+            run.folder.write(recordingOf(1), "the old take");
+        const QString folder =
+            run.folder.file(what.startsWith("new_str") ? "languages/spanish/new_str" : "languages/spanish/new_str/01");
+        const QStringList before = QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
+        breakIt();
+        run.run();
+        file_faults::reset();
+
+        EXPECT_EQ(run.prompts.texts().size(), 1);
+        const QString said = run.prompts.texts().value(0);
+        EXPECT_TRUE(said.contains(what.startsWith("new_str") ? run.folder.file("languages/spanish/new_str")
+                                                             : run.folder.file(recordingOf(1))))
+            << said.toStdString();
+        EXPECT_TRUE(said.contains(what.startsWith("new_str") ? "Not a directory" : "the disk is full"))
+            << said.toStdString();
+        EXPECT_EQ(run.folder.read(what.startsWith("new_str") ? "languages/spanish/new_str" : recordingOf(1)),
+                  what.startsWith("new_str") ? "a file" : "the old take");
+        EXPECT_EQ(QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden), before);
+        EXPECT_TRUE(run.takes.isEmpty());
+        EXPECT_EQ(run.session.recording_active, "no");
+        EXPECT_EQ(run.row, 1); // kept on the word, to record it again
+        EXPECT_EQ(run.colours.last(), SessionColour::idle);
+        // Playback goes on.
+        run.folder.write("languages/spanish/01/01000.mp3", "sound");
+        say_word(run.session, "01000", "spanish");
+        EXPECT_EQ(run.sound.played.size(), 1);
+    }
 }
 
 TEST(RecordingSession, SingleWordsAndRefusals)

@@ -3,12 +3,13 @@
 #include "core/basic.h"
 #include "core/flags.h"
 #include "core/session.h"
+#include "record/edit_journal.h"
 #include "record/editing_texts.h"
+#include "store/file_lock.h"
 #include "store/paths.h"
 #include "store/text_files.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <cmath>
 
@@ -33,83 +34,69 @@ QString entryLine(const EditedEntry& entry, const QString& number)
     return entry.left_word + u'|' + entry.right_word + u'|' + number;
 }
 
-// Appends lines to the change log. A kill in the middle of an earlier append can leave the start
-// of a line without its end; that fragment is no change the maintainer can replay, so it is cut
-// off first and the log only ever holds whole lines.
-bool appendChanges(const QString& path, const QStringList& lines, QString* error)
+// A file's whole contents, or nothing (error naming it) when it exists and cannot be read; a missing
+// file reads as absent.
+std::optional<std::optional<QByteArray>> readIfThere(const QString& path, QString* error)
 {
     QFile file(path);
-    if (file.size() > 0 && file.open(QIODevice::ReadOnly)) {
-        const QByteArray bytes = file.readAll();
-        file.close();
-        if (!bytes.endsWith('\n'))
-            file.resize(bytes.lastIndexOf('\n') + 1);
-    }
-    return appendTextLines(path, lines, error);
-}
-
-} // namespace
-
-std::optional<QString> get_high(const Session& session, QString* error)
-{
-    const QString path = paths::highestNumberFile(session.languages_folder, session.current_language);
-    if (!QFileInfo::exists(path) && !writeTextLines(path, {editing_texts::firstNewNumber()}, error))
-        return std::nullopt;
-    QFile file(path);
+    if (!file.exists())
+        return std::optional<QByteArray>();
     if (!file.open(QIODevice::ReadOnly)) {
         if (error)
-            *error = file.errorString();
+            *error = editing_texts::fileNotRead(path, file.errorString());
         return std::nullopt;
     }
-    const QString highestNumber = splitLines(decodeWindows1252(file.readAll())).value(0);
-    file.close();
-    if (!writeTextLines(path, {printedNumber(basic::leadingNumber(highestNumber) + 1)}, error))
+    return std::optional<QByteArray>(file.readAll());
+}
+
+// highest_num.dat's number; "70000" when it is missing.
+std::optional<QString> readHighest(const QString& path, QString* error)
+{
+    const auto bytes = readIfThere(path, error);
+    if (!bytes)
         return std::nullopt;
-    return highestNumber.trimmed();
+    return *bytes ? splitLines(decodeWindows1252(**bytes)).value(0) : editing_texts::firstNewNumber();
 }
 
-bool add_word2(const QString& path, const QString& leftWord, const QString& rightWord, const QString& highestNumber,
-               QString* error)
+// The language's lock, taken around the read and the change of its files; an edit a killed copy
+// left half made is finished first.
+class LanguageEdit
 {
-    return appendTextLines(path, {leftWord + u'|' + rightWord + u'|' + highestNumber}, error);
-}
-
-std::optional<QString> add_word(const Session& session, const EditedEntry& entry, QString* error)
-{
-    const auto number = get_high(session, error);
-    if (!number)
-        return std::nullopt;
-    QStringList targets;
-    if (session.list_file != session.master_file)
-        targets.append(session.list_file);
-    targets << session.master_file << session.unknown_file;
-    for (const QString& path : targets) {
-        if (!add_word2(path, entry.left_word, entry.right_word, *number, error))
-            return std::nullopt;
+public:
+    explicit LanguageEdit(const Session& session)
+        : m_folder(paths::languageFolder(session.languages_folder, session.current_language)),
+          m_lock(paths::languageLockFile(session.languages_folder, session.current_language))
+    {
     }
-    return number;
+    bool begin(QString* error) { return m_lock.acquire(error) && recover_edits(m_folder, error); }
+    bool apply(const EditPlan& plan, QString* error) { return apply_edit(m_folder, plan, error); }
+    // begin, then highest_num.dat's number.
+    std::optional<QString> highest(const QString& path, QString* error)
+    {
+        return begin(error) ? readHighest(path, error) : std::nullopt;
+    }
+
+private:
+    QString m_folder;
+    FileLock m_lock;
+};
+
+QByteArray nextHighest(const QString& highestNumber)
+{
+    return encodeLines({printedNumber(basic::leadingNumber(highestNumber) + 1)});
 }
 
-bool replace_or_delete(const Session& session, const QString& path, const EditedEntry& entry, const QString& deleteMode,
-                       QString* error)
+// The lines of bytes with every line ending in the entry's number replaced (or dropped when
+// deleting), each ending CR LF; logLines gets the change log's line for each when the file is the
+// master file. Each byte is one character of the file's code page, so lines are matched and copied
+// as bytes: the same result as decoding and encoding them, without doing it for every line.
+QByteArray replaced(const QByteArray& bytes, const EditedEntry& entry, bool deleting, bool isMaster,
+                    QStringList* logLines)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        if (error)
-            *error = file.errorString();
-        return false;
-    }
-    const QByteArray bytes = file.readAll();
-    file.close();
-    // Each byte is one character of the file's code page, so lines are matched and copied as
-    // bytes: the same result as decoding and encoding them, without doing it for every line.
-    const bool deleting = deleteMode == flags::kYes;
-    const bool isMaster = path == session.master_file;
     const QByteArray number = encodeWindows1252(entry.current_sound_number);
     const QByteArray replacement = encodeLines({entryLine(entry, entry.current_sound_number)});
     QByteArray rewritten;
     rewritten.reserve(bytes.size() + bytes.size() / 16 + replacement.size());
-    QStringList logLines;
     const char* data = bytes.constData();
     const qsizetype size = bytes.size();
     for (qsizetype start = 0; start < size;) {
@@ -128,32 +115,103 @@ bool replace_or_delete(const Session& session, const QString& path, const Edited
         if (!deleting)
             rewritten.append(replacement);
         if (isMaster)
-            logLines.append((deleting ? editing_texts::deletedMarker() : decodeWindows1252(line.toByteArray())) +
-                            editing_texts::changeArrow() + entryLine(entry, entry.current_sound_number));
+            logLines->append((deleting ? editing_texts::deletedMarker() : decodeWindows1252(line.toByteArray())) +
+                             editing_texts::changeArrow() + entryLine(entry, entry.current_sound_number));
     }
-    if (!writeBytes(path, rewritten, error))
-        return false;
-    const QString changesFile = paths::changesFile(session.languages_folder, session.current_language);
-    return logLines.isEmpty() || appendChanges(changesFile, logLines, error);
+    return rewritten;
+}
+
+// Adds the correction (or deletion) of each of paths that exists to plan: a file that is not there
+// holds nothing to correct. False, with error set, when one cannot be read.
+bool planCorrection(const Session& session, const QStringList& paths, const EditedEntry& entry,
+                    const QString& deleteMode, EditPlan* plan, QString* error)
+{
+    QStringList logLines;
+    for (const QString& path : paths) {
+        const auto bytes = readIfThere(path, error);
+        if (!bytes)
+            return false;
+        if (*bytes)
+            plan->rewrites.append(
+                {path, replaced(**bytes, entry, deleteMode == flags::kYes, path == session.master_file, &logLines)});
+    }
+    if (!logLines.isEmpty())
+        plan->appends.append({paths::changesFile(session.languages_folder, session.current_language), logLines});
+    return true;
+}
+
+} // namespace
+
+std::optional<QString> get_high(const Session& session, QString* error)
+{
+    const QString path = paths::highestNumberFile(session.languages_folder, session.current_language);
+    LanguageEdit edit(session);
+    const auto highestNumber = edit.highest(path, error);
+    if (!highestNumber)
+        return std::nullopt;
+    QString cause;
+    if (!writeBytes(path, nextHighest(*highestNumber), &cause)) {
+        if (error)
+            *error = editing_texts::fileNotWritten(path, cause);
+        return std::nullopt;
+    }
+    return highestNumber->trimmed();
+}
+
+bool add_word2(const QString& path, const QString& leftWord, const QString& rightWord, const QString& highestNumber,
+               QString* error)
+{
+    return appendTextLines(path, {leftWord + u'|' + rightWord + u'|' + highestNumber}, error);
+}
+
+std::optional<QString> add_word(const Session& session, const EditedEntry& entry, QString* error)
+{
+    const QString highestFile = paths::highestNumberFile(session.languages_folder, session.current_language);
+    LanguageEdit edit(session);
+    const auto highestNumber = edit.highest(highestFile, error);
+    if (!highestNumber)
+        return std::nullopt;
+    const QString number = highestNumber->trimmed();
+    EditPlan plan;
+    plan.rewrites.append({highestFile, nextHighest(*highestNumber)});
+    QStringList targets;
+    if (session.list_file != session.master_file)
+        targets.append(session.list_file);
+    targets << session.master_file << session.unknown_file;
+    for (const QString& path : targets)
+        plan.appends.append({path, {entry.left_word + u'|' + entry.right_word + u'|' + number}});
+    if (!edit.apply(plan, error))
+        return std::nullopt;
+    return number;
+}
+
+bool replace_or_delete(const Session& session, const QString& path, const EditedEntry& entry, const QString& deleteMode,
+                       QString* error)
+{
+    LanguageEdit edit(session);
+    EditPlan plan;
+    return edit.begin(error) && planCorrection(session, {path}, entry, deleteMode, &plan, error) &&
+           edit.apply(plan, error);
 }
 
 std::optional<int> save_text(const Session& session, const EditedEntry& entry, int currentRow,
-                             const QString& deleteMode)
+                             const QString& deleteMode, QString* error)
 {
     QStringList targets;
     if (session.list_file != session.master_file)
         targets.append(session.list_file);
     targets << session.master_file << session.unknown_file << session.known_file;
-    for (const QString& path : targets) {
-        if (!replace_or_delete(session, path, entry, deleteMode))
-            return std::nullopt;
-    }
+    LanguageEdit edit(session);
+    EditPlan plan;
+    if (!edit.begin(error) || !planCorrection(session, targets, entry, deleteMode, &plan, error) ||
+        !edit.apply(plan, error))
+        return std::nullopt;
     return currentRow + 1;
 }
 
-std::optional<int> delete_word(const Session& session, const EditedEntry& entry, int currentRow)
+std::optional<int> delete_word(const Session& session, const EditedEntry& entry, int currentRow, QString* error)
 {
-    return save_text(session, entry, currentRow, flags::kYes);
+    return save_text(session, entry, currentRow, flags::kYes, error);
 }
 
 } // namespace quorvane

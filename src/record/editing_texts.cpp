@@ -63,6 +63,21 @@ QString finished(const QString& recordingsFolder)
            maintainerEmail() + QStringLiteral(".");
 }
 
+QString packingReport(const QString& recordingsFolder, const QStringList& written, const QStringList& failed)
+{
+    const QString writtenList =
+        written.isEmpty() ? QString() : QStringLiteral("\n\nArchives written:\n") + written.join(u'\n');
+    if (failed.isEmpty())
+        return finished(recordingsFolder) + writtenList;
+    return QStringLiteral("Packing is over, but not every archive could be written.") + writtenList +
+           QStringLiteral("\n\nArchives NOT written:\n") + failed.join(u'\n');
+}
+
+QString archiveFailed(const QString& archive, const QString& reason)
+{
+    return QStringLiteral("%1 (%2)").arg(archive, reason);
+}
+
 QString packingProgress(const QString& archiveName, int percent)
 {
     return QStringLiteral("Packing %1: %2%").arg(archiveName).arg(percent);
@@ -76,6 +91,34 @@ QString packingFailed(const QString& what, const QString& reason)
 QString addFailed(const QString& reason)
 {
     return QStringLiteral("The new word could not be added: %1").arg(reason);
+}
+
+QString saveFailed(const QString& reason)
+{
+    return QStringLiteral("The changes could not be saved: %1").arg(reason);
+}
+
+QString deleteFailed(const QString& reason)
+{
+    return QStringLiteral("The word could not be deleted: %1").arg(reason);
+}
+
+QString fileNotRead(const QString& path, const QString& reason)
+{
+    return QStringLiteral("%1 could not be read (%2). No file was changed.").arg(path, reason);
+}
+
+QString fileNotWritten(const QString& path, const QString& reason)
+{
+    return QStringLiteral("%1 could not be written (%2). No file was changed.").arg(path, reason);
+}
+
+QString completedLater(const QString& reason)
+{
+    QString text = reason;
+    text.replace(QStringLiteral("No file was changed."),
+                 QStringLiteral("The change is kept and will be completed when the program next starts."));
+    return text;
 }
 
 } // namespace quorvane::editing_texts

@@ -3,14 +3,18 @@
 #include "core/clock.h"
 #include "core/prompts.h"
 #include "core/session.h"
+#include "record/edit_journal.h"
 #include "record/editing_texts.h"
 #include "store/paths.h"
+#include "store/text_files.h"
 #include "store/word_files.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
+#include <QRegularExpression>
+
+#include <memory>
 
 #include <zip.h>
 
@@ -19,6 +23,16 @@ namespace quorvane {
 namespace {
 
 const QString kZipSuffix = QStringLiteral(".zip");
+const QString kTemporarySuffix = QStringLiteral(".tmp");
+
+// The temporary file the archiver makes beside an archive it writes: the archive's name, a dot and
+// six characters of its own.
+bool archiverTemporary(const QString& name)
+{
+    static const QRegularExpression pattern(QStringLiteral("\\.zip\\.[A-Za-z0-9]{6}$"),
+                                            QRegularExpression::CaseInsensitiveOption);
+    return pattern.match(name).hasMatch();
+}
 
 QString zipErrorText(zip_error_t* error)
 {
@@ -53,23 +67,28 @@ void showProgress(Session& session, PackingView* view, const QString& archiveNam
 
 } // namespace
 
-bool write_zip(const QString& archivePath, const QStringList& files, bool store,
-               const std::function<void(int percent)>& onProgress, QString* error)
+std::optional<QByteArray> build_zip(const QStringList& files, bool store,
+                                    const std::function<void(int percent)>& onProgress, QString* error)
 {
-    const auto fail = [error](const QString& text) {
+    zip_error_t zipError;
+    zip_error_init(&zipError);
+    const auto fail = [&](zip_error_t* cause) -> std::optional<QByteArray> {
         if (error)
-            *error = text;
-        return false;
+            *error = zipErrorText(cause);
+        zip_error_fini(&zipError);
+        return std::nullopt;
     };
-    int code = 0;
-    zip_t* archive = zip_open(QFile::encodeName(archivePath).constData(), ZIP_CREATE | ZIP_TRUNCATE, &code);
+    zip_source_t* memory = zip_source_buffer_create(nullptr, 0, 0, &zipError);
+    if (!memory)
+        return fail(&zipError);
+    zip_t* archive = zip_open_from_source(memory, ZIP_TRUNCATE, &zipError);
     if (!archive) {
-        zip_error_t openError;
-        zip_error_init_with_code(&openError, code);
-        const QString text = zipErrorText(&openError);
-        zip_error_fini(&openError);
-        return fail(text);
+        zip_source_free(memory);
+        return fail(&zipError);
     }
+    // Kept past zip_close, which writes the archive into it.
+    zip_source_keep(memory);
+    const std::unique_ptr<zip_source_t, decltype(&zip_source_free)> kept(memory, zip_source_free);
     for (const QString& path : files) {
         zip_source_t* source = zip_source_file_create(QFile::encodeName(path).constData(), 0, -1, nullptr);
         const QByteArray name = QFileInfo(path).fileName().toUtf8();
@@ -78,9 +97,12 @@ bool write_zip(const QString& archivePath, const QStringList& files, bool store,
         if (index < 0) {
             if (source)
                 zip_source_free(source);
-            const QString text = zipErrorText(zip_get_error(archive));
+            const QString text = path + QStringLiteral(": ") + zipErrorText(zip_get_error(archive));
             zip_discard(archive);
-            return fail(text);
+            if (error)
+                *error = text;
+            zip_error_fini(&zipError);
+            return std::nullopt;
         }
         zip_set_file_compression(archive, static_cast<zip_uint64_t>(index), store ? ZIP_CM_STORE : ZIP_CM_DEFLATE, 0);
     }
@@ -94,37 +116,50 @@ bool write_zip(const QString& archivePath, const QStringList& files, bool store,
             [](void* state) { delete static_cast<std::function<void(int)>*>(state); }, callback);
     }
     if (zip_close(archive) != 0) {
-        const QString text = zipErrorText(zip_get_error(archive));
+        zip_error_t* cause = zip_get_error(archive);
+        const QString text = zipErrorText(cause);
         zip_discard(archive);
-        return fail(text);
-    }
-    return true;
-}
-
-bool copy_over(const QString& source, const QString& target, QString* error)
-{
-    QFile in(source);
-    QSaveFile out(target);
-    const auto fail = [error](const QFileDevice& file) {
         if (error)
-            *error = file.fileName() + QStringLiteral(": ") + file.errorString();
-        return false;
-    };
-    if (!in.open(QIODevice::ReadOnly))
-        return fail(in);
-    if (!out.open(QIODevice::WriteOnly))
-        return fail(out);
-    QByteArray chunk;
-    while (!(chunk = in.read(1 << 20)).isEmpty()) {
-        if (out.write(chunk) != chunk.size())
-            return fail(out);
+            *error = text;
+        zip_error_fini(&zipError);
+        return std::nullopt;
     }
-    if (in.error() != QFileDevice::NoError)
-        return fail(in);
-    return out.commit() || fail(out);
+    zip_stat_t stat;
+    QByteArray bytes;
+    if (zip_source_stat(memory, &stat) != 0 || zip_source_open(memory) != 0)
+        return fail(zip_source_error(memory));
+    bytes.resize(static_cast<qsizetype>(stat.size));
+    const zip_int64_t read = zip_source_read(memory, bytes.data(), stat.size);
+    zip_source_close(memory);
+    if (read != static_cast<zip_int64_t>(stat.size))
+        return fail(zip_source_error(memory));
+    zip_error_fini(&zipError);
+    return bytes;
 }
 
-void pack_folder_recordings(Session& session, const QString& kind, PackingView* view)
+bool packed_language_file(const QString& name, const QString& archiveName)
+{
+    return name.compare(archiveName, Qt::CaseInsensitive) != 0 && !name.endsWith(kTemporarySuffix) &&
+           name != paths::kLockName && name != kEditJournalName && !archiverTemporary(name);
+}
+
+void sweep_packing_leftovers(const QString& languageFolder)
+{
+    const auto sweep = [](const QString& folder) {
+        removeStrayRewrites(folder);
+        const QDir dir(folder);
+        for (const QString& name : dir.entryList({QStringLiteral("*.zip.*")}, QDir::Files | QDir::Hidden)) {
+            if (archiverTemporary(name))
+                QFile::remove(dir.filePath(name));
+        }
+    };
+    sweep(languageFolder);
+    const QString recordings = withoutSeparator(languageFolder) + QDir::separator() + QStringLiteral("new_str");
+    for (const QString& subfolder : QDir(recordings).entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+        sweep(recordings + QDir::separator() + subfolder);
+}
+
+void pack_folder_recordings(Session& session, const QString& kind, PackingReport& report, PackingView* view)
 {
     const QString newFolder = paths::newRecordingsFolder(session.languages_folder, session.current_language);
     const QString suffix = u'.' + kind;
@@ -137,12 +172,23 @@ void pack_folder_recordings(Session& session, const QString& kind, PackingView* 
         const QString archive = folder + QDir::separator() + subfolder + kZipSuffix;
         const QStringList files =
             filesIn(folder, [&suffix](const QString& name) { return name.endsWith(suffix, Qt::CaseInsensitive); });
+        if (files.isEmpty())
+            continue;
         showProgress(session, view, copyName, 0);
-        // Failures are passed over: the copy of an archive that was not written fails, and the
-        // next folder is tried.
-        write_zip(archive, files, true, [&](int percent) { showProgress(session, view, copyName, percent); });
+        QString error;
+        const auto bytes = build_zip(
+            files, true, [&](int percent) { showProgress(session, view, copyName, percent); }, &error);
         session.prompts.message(editing_texts::workingOn(copyName));
-        copy_over(archive, paths::recordingArchiveCopy(session.current_language, subfolder));
+        // A failure is noted and the next folder is tried.
+        const QString copy = paths::recordingArchiveCopy(session.current_language, subfolder);
+        if (!bytes)
+            report.failed.append(editing_texts::archiveFailed(copy, error));
+        else if (!writeBytes(archive, *bytes, &error))
+            report.failed.append(editing_texts::archiveFailed(archive, error));
+        else if (!writeBytes(copy, *bytes, &error))
+            report.failed.append(editing_texts::archiveFailed(copy, error));
+        else
+            report.written.append(copy);
     }
 }
 
@@ -154,32 +200,35 @@ bool pack_recordings(Session& session, PackingView* view)
         session.prompts.message(editing_texts::cancelled());
         return false;
     }
-    QDir().mkpath(paths::recordingArchivesFolder());
-    pack_folder_recordings(session, QStringLiteral("str"), view);
+    PackingReport report;
+    if (!QDir().mkpath(paths::recordingArchivesFolder())) {
+        session.prompts.message(
+            editing_texts::packingFailed(paths::recordingArchivesFolder(), editing_texts::kFolderNotMade));
+        return false;
+    }
+    pack_folder_recordings(session, QStringLiteral("str"), report, view);
 
     const QString languageFolder = paths::languageFolder(session.languages_folder, session.current_language);
     const QString archive = paths::textArchive(session.languages_folder, session.current_language);
     const QString archiveName = QFileInfo(archive).fileName();
-    // Neither an earlier archive of the folder nor what a killed rewrite left beside a file.
-    const QStringList files = filesIn(languageFolder, [&archiveName](const QString& name) {
-        return name.compare(archiveName, Qt::CaseInsensitive) != 0 && !name.endsWith(paths::kRewriteSuffix);
-    });
+    const QStringList files = filesIn(
+        languageFolder, [&archiveName](const QString& name) { return packed_language_file(name, archiveName); });
     QString error;
     showProgress(session, view, archiveName, 0);
-    const bool written = write_zip(
-        archive, files, false, [&](int percent) { showProgress(session, view, archiveName, percent); }, &error);
-    if (!written) {
-        session.prompts.message(editing_texts::packingFailed(archive, error));
-        return false;
-    }
-    session.prompts.message(editing_texts::busy());
+    const auto bytes = build_zip(
+        files, false, [&](int percent) { showProgress(session, view, archiveName, percent); }, &error);
     const QString copy = paths::textArchiveCopy(session.current_language);
-    if (!copy_over(archive, copy, &error)) {
-        session.prompts.message(editing_texts::packingFailed(copy, error));
-        return false;
+    if (!bytes || !writeBytes(archive, *bytes, &error)) {
+        report.failed.append(editing_texts::archiveFailed(archive, error));
+    } else {
+        session.prompts.message(editing_texts::busy());
+        if (writeBytes(copy, *bytes, &error))
+            report.written.append(copy);
+        else
+            report.failed.append(editing_texts::archiveFailed(copy, error));
     }
-    session.prompts.message(editing_texts::finished(withoutSeparator(recordings)));
-    return true;
+    session.prompts.message(editing_texts::packingReport(withoutSeparator(recordings), report.written, report.failed));
+    return report.failed.isEmpty();
 }
 
 } // namespace quorvane

@@ -14,6 +14,10 @@
 #include <QObject>
 #include <QPointer>
 
+#include <filesystem>
+#include <optional>
+#include <system_error>
+
 namespace quorvane {
 
 namespace {
@@ -36,6 +40,19 @@ constexpr int kScrollRows = 11;
 // words recorded are in view.
 constexpr int kStepBack = 2;
 
+// Makes a folder of recordings with its parents; false, with error naming it and the cause (a file
+// in the way of new_str, a full disk), when it cannot be made.
+bool makeFolder(const QString& folder, QString* error)
+{
+    std::error_code code;
+    std::filesystem::create_directories(std::filesystem::path(QFile::encodeName(folder).toStdString()), code);
+    if (!code && QFileInfo(folder).isDir())
+        return true;
+    *error =
+        record_texts::folderNotMade(folder, code ? QString::fromLocal8Bit(code.message()) : record_texts::kNotAFolder);
+    return false;
+}
+
 // One run of the session driver.
 class RecordingSession
 {
@@ -55,14 +72,17 @@ public:
         }
         m_kind = m_state.selected_list_kind;
         for (;;) {
-            // Once the first word is recorded, any error ends the session through its finish; before
-            // that it reaches the window's handler as it is.
             Round round = Round::finish;
             try {
                 round = recordOne();
             } catch (...) {
-                if (!m_errorsFinish)
+                // Once the first word is recorded, any error ends the session through its finish;
+                // before that it is told by the window's handler, the session finished all the same.
+                if (!m_errorsFinish) {
+                    m_failed = true;
+                    finish();
                     throw;
+                }
             }
             if (round == Round::refused)
                 return;
@@ -123,15 +143,19 @@ private:
 
         const QString target =
             paths::newRecording(s.languages_folder, s.current_language, m_state.current_sound_number);
-        QDir().mkpath(QFileInfo(target).path());
-        if (QFileInfo::exists(target))
-            QFile::remove(target);
+        // The old take stays until the new one is stored whole.
+        QString error;
+        if (!makeFolder(QFileInfo(target).path(), &error))
+            return failed(error);
         if (m_state.record_seconds == 0.0f)
             m_state.record_seconds = kFirstSessionSeconds;
-        const QByteArray stored = record_word(s, target, kRate, m_state.record_seconds, kChannels, kBytesPerSample);
+        const std::optional<QByteArray> stored =
+            record_word(s, target, kRate, m_state.record_seconds, kChannels, kBytesPerSample, &error);
+        if (!stored)
+            return failed(error);
         if (gone())
             return Round::finish;
-        const TakeLevel level = take_level(stored, kRate);
+        const TakeLevel level = take_level(*stored, kRate);
         m_view.showTake(record_texts::takeLevel(level.seconds, level.peakDbfs, level.silent));
         m_view.colourSession(SessionColour::orange);
         m_view.showCountdown(QString());
@@ -144,10 +168,19 @@ private:
         return Round::next;
     }
 
+    // A take that could not be stored: told, naming the file and the cause, and the session ends
+    // on the word, so that it can be recorded again.
+    Round failed(const QString& error)
+    {
+        m_failed = true;
+        m_session.prompts.message(error);
+        return Round::finish;
+    }
+
     void finish()
     {
         Session& s = m_session;
-        if (!gone()) {
+        if (!gone() && !m_failed) {
             // Selections that fail here are of no account.
             if (m_state.record_single == kYes)
                 m_view.selectRow(m_kind, m_index + 1);
@@ -172,6 +205,7 @@ private:
     int m_round = 0;
     bool m_firstWord = true;
     bool m_errorsFinish = false;
+    bool m_failed = false;
 };
 
 // Sets record_single to "no" and record_seconds to 1.0 when the session ends, however it ends.

@@ -37,8 +37,11 @@ void RecordWindow::save_text_click()
 {
     guarded([this] {
         const QString kind = state.selected_list_kind;
-        if (const auto next = quorvane::save_text(m_session, editedEntry(*this), selectedRow(kind)))
+        QString error;
+        if (const auto next = quorvane::save_text(m_session, editedEntry(*this), selectedRow(kind), flags::kNo, &error))
             selectRow(kind, *next);
+        else
+            m_session.prompts.message(editing_texts::saveFailed(error));
     });
 }
 
@@ -46,8 +49,11 @@ void RecordWindow::delete_word_click()
 {
     guarded([this] {
         const QString kind = state.selected_list_kind;
-        if (const auto next = quorvane::delete_word(m_session, editedEntry(*this), selectedRow(kind)))
+        QString error;
+        if (const auto next = quorvane::delete_word(m_session, editedEntry(*this), selectedRow(kind), &error))
             selectRow(kind, *next);
+        else
+            m_session.prompts.message(editing_texts::deleteFailed(error));
     });
 }
 

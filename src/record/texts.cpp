@@ -253,4 +253,9 @@ QString selectListToRecord()
     return QStringLiteral("First select a list of words to record or edit.");
 }
 
+QString folderNotMade(const QString& folder, const QString& reason)
+{
+    return QStringLiteral("The folder %1 could not be made (%2), so nothing was recorded.").arg(folder, reason);
+}
+
 } // namespace quorvane::record_texts

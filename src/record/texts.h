@@ -54,6 +54,10 @@ QString countdownTwo();
 QString countdownOne();
 QString countdownSpeak();
 
+// A folder of recordings that could not be made, and the cause when a file stands in its way.
+QString folderNotMade(const QString& folder, const QString& reason);
+inline const QString kNotAFolder = QStringLiteral("a file of that name is in the way");
+
 // The main window's two record buttons without a word or a list.
 QString selectWordToRecord();
 QString selectListToRecord();

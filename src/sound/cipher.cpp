@@ -118,6 +118,11 @@ std::optional<QByteArray> blowfishCbc(const QByteArray& data, const QByteArray& 
     return output;
 }
 
+std::optional<QByteArray> encipher_bytes(const QByteArray& plain)
+{
+    return blowfishCbc(plain, QByteArray::fromHex(kKeyHex), QByteArray::fromHex(kIvHex), CipherDirection::Encipher);
+}
+
 bool encipher_file(const QString& plainPath, const QString& cipherPath)
 {
     return transformFile(plainPath, cipherPath, CipherDirection::Encipher);

@@ -14,6 +14,10 @@ namespace quorvane {
 bool encipher_file(const QString& plainPath, const QString& cipherPath);
 bool decipher_file(const QString& cipherPath, const QString& plainPath);
 
+// The bytes of a whole file enciphered as encipher_file writes them; nothing when the cipher is
+// unavailable.
+std::optional<QByteArray> encipher_bytes(const QByteArray& plain);
+
 enum class CipherDirection { Encipher, Decipher };
 
 // Blowfish-CBC with PKCS#5 padding over a whole buffer, with the key (16 bytes) and vector

@@ -7,8 +7,8 @@
 #include "sound/cipher.h"
 #include "sound/playback.h"
 #include "sound/sound_error_text.h"
-
-#include <QFile>
+#include "sound/texts.h"
+#include "store/text_files.h"
 
 #include <cmath>
 #include <limits>
@@ -71,13 +71,6 @@ bool negativeHighByte(unsigned char high)
 bool loud(unsigned char low, unsigned char high)
 {
     return high >= 2 && high <= 127 && low > 5;
-}
-
-void writeTemporary(const QString& tmpPath, const QByteArray& samples)
-{
-    QFile file(tmpPath);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(samples) != samples.size())
-        throw std::runtime_error(QStringLiteral("Cannot write %1: %2").arg(tmpPath, file.errorString()).toStdString());
 }
 
 } // namespace
@@ -143,8 +136,8 @@ TakeLevel take_level(const QByteArray& samples, int rate)
     return level;
 }
 
-QByteArray record_word(Session& session, const QString& path, int rate, float seconds, qint16 channels,
-                       qint16 bytesPerSample)
+std::optional<QByteArray> record_word(Session& session, const QString& path, int rate, float seconds, qint16 channels,
+                                      qint16 bytesPerSample, QString* error)
 {
     SoundLibrary& sound = session.sound;
     const int length = recording_length(seconds, rate);
@@ -172,8 +165,6 @@ QByteArray record_word(Session& session, const QString& path, int rate, float se
     const int frames = started ? std::max(0, sound.recordGetPosition()) : 0;
     const int count = checkedProduct(checkedProduct(frames, channels), bytesPerSample);
 
-    QString tmpPath = path;
-    tmpPath.replace(QStringLiteral(".str"), QStringLiteral(".tmp"));
     QByteArray buffer = sound.sampleRead(sample, 0, count);
     if (sample == 0 || buffer.size() != count) {
         tell(session, lockFailed);
@@ -184,12 +175,14 @@ QByteArray record_word(Session& session, const QString& path, int rate, float se
     if (!buffer.isEmpty())
         buffer = cut_silence(buffer);
     sound.sampleFree(sample);
-    writeTemporary(tmpPath, buffer);
 
-    // Enciphered beside the old recording and renamed over it: it is replaced whole or not at all.
-    // A failure here is not reported, like every failure of the file cipher.
-    encipher_file(tmpPath, path);
-    QFile::remove(tmpPath);
+    const std::optional<QByteArray> enciphered = encipher_bytes(buffer);
+    QString cause = sound_texts::kCipherUnavailable;
+    if (!enciphered || !writeBytes(path, *enciphered, &cause)) {
+        if (error)
+            *error = sound_texts::takeNotStored(path, cause);
+        return std::nullopt;
+    }
     return buffer;
 }
 

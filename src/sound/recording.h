@@ -3,26 +3,28 @@
 #include <QByteArray>
 #include <QString>
 
+#include <optional>
+
 namespace quorvane {
 
 class Session;
 
 // Records the microphone for seconds at rate (channels and bytes per sample as every caller
 // passes them: 1 and 2) and stores what was recorded, its silence cut at both ends, as the
-// enciphered recording at path (a ".str" file). The plain samples go to a ".tmp" file beside it
-// (path with every ".str" replaced by ".tmp"), are enciphered into place and the ".tmp" file is
-// deleted; the ".str" file is replaced whole, never left half written.
+// enciphered recording at path (a ".str" file). The take is enciphered in memory and written
+// through writeBytes: beside the file, synced, renamed over the old take, so an earlier take stays
+// until the new one is complete, and nothing is left beside the file when the write fails.
 //
 // Waits on the session's clock in steps of 0.01 s, handling window events, until the sample is
 // 1300 frames short of full (so that the capture never wraps round) or stop_flag is "yes"; what was
 // recorded until then is kept. A failure of the sound library shows its message followed by the
 // library's explanation and recording goes on; a recording that never started is not waited for
-// and stores an empty file. Returns the plain samples stored.
+// and stores an empty file. Returns the plain samples stored; nothing, with error set to the file
+// and its cause, when the take could not be stored (the old take, if any, is then untouched).
 //
-// Throws std::overflow_error when the sample's size does not fit in 32 bits, and
-// std::runtime_error when the ".tmp" file cannot be written.
-QByteArray record_word(Session& session, const QString& path, int rate, float seconds, qint16 channels,
-                       qint16 bytesPerSample);
+// Throws std::overflow_error when the sample's size does not fit in 32 bits.
+std::optional<QByteArray> record_word(Session& session, const QString& path, int rate, float seconds, qint16 channels,
+                                      qint16 bytesPerSample, QString* error = nullptr);
 
 // The number of frames of a recording of seconds at rate. The product is taken in single
 // precision, as the seconds are given, so 1.4 s at 22050 gives 30870 frames.

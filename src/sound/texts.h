@@ -14,4 +14,8 @@ QString playFailed(const QString& errorText);
 // A piece of an MP3 capture that could not be written.
 QString captureNotWritten(const QString& path, const QString& reason);
 
+// A take that could not be stored, naming its file and the cause; the cipher's own failure.
+QString takeNotStored(const QString& path, const QString& reason);
+inline const QString kCipherUnavailable = QStringLiteral("the cipher of recordings is not available");
+
 } // namespace quorvane::sound_texts

@@ -11,8 +11,12 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
+
+#include <signal.h>
+#include <unistd.h>
 
 namespace quorvane {
 
@@ -29,59 +33,126 @@ bool holdsSeparator(const QString& name)
     return name.contains(u'/') || name.contains(QDir::separator());
 }
 
-// The folders made so far for a new language: removed again, with everything written in them,
-// unless kept.
-class MadeFolders
+// The suffix of the folder a new language is built in, beside the languages folder (so never listed
+// as a language): new_language.<process id>.tmp.
+const QString kStagingPrefix = QStringLiteral("new_language.");
+const QString kStagingSuffix = QStringLiteral(".tmp");
+// Written last into the staging folder: what it holds is whole and goes into place.
+const QString kCompleteMarker = QStringLiteral("complete");
+
+QString stagingParent(const QString& languages)
+{
+    return QDir::cleanPath(languages + QStringLiteral("..")) + QDir::separator();
+}
+
+// Whether the process whose id a staging folder's name holds still runs (and may be building it).
+bool builderRuns(const QString& name)
+{
+    bool ok = false;
+    const qint64 pid =
+        name.mid(kStagingPrefix.size(), name.size() - kStagingPrefix.size() - kStagingSuffix.size()).toLongLong(&ok);
+    return ok && pid > 0 && pid != ::getpid() && (::kill(static_cast<pid_t>(pid), 0) == 0 || errno == EPERM);
+}
+
+// Moves every folder of a complete staging folder into the languages folder (those already there
+// are left); moved lists those it moved.
+bool moveIntoPlace(const QString& staging, const QString& languages, QStringList* moved, QString* failedPath,
+                   QString* error)
+{
+    const QDir dir(staging);
+    // The target first, the new language last: once the new language is listed, it is whole.
+    QStringList folders = dir.entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden);
+    const QString last = readFirstLine(dir.filePath(kCompleteMarker));
+    folders.removeAll(last);
+    folders.append(last);
+    for (const QString& folder : folders) {
+        if (folder.isEmpty() || !QFileInfo(dir.filePath(folder)).isDir() || QFileInfo::exists(languages + folder))
+            continue;
+        if (!renameIntoPlace(dir.filePath(folder), languages + folder, error)) {
+            *failedPath = languages + folder;
+            return false;
+        }
+        moved->append(languages + folder);
+    }
+    return true;
+}
+
+// A new language built in a folder of its own and moved into the languages folder whole: the folders
+// made so far are removed again, with everything written in them, unless they were moved.
+class StagedLanguage
 {
 public:
-    MadeFolders() = default;
-    MadeFolders(const MadeFolders&) = delete;
-    MadeFolders& operator=(const MadeFolders&) = delete;
-    ~MadeFolders()
+    explicit StagedLanguage(const QString& languages)
+        : m_languages(languages), m_staging(stagingParent(languages) + kStagingPrefix + QString::number(::getpid()) +
+                                            kStagingSuffix + QDir::separator())
     {
-        if (m_kept)
-            return;
-        for (qsizetype i = m_folders.size(); i-- > 0;)
-            QDir(m_folders.at(i)).removeRecursively();
     }
+    StagedLanguage(const StagedLanguage&) = delete;
+    StagedLanguage& operator=(const StagedLanguage&) = delete;
+    ~StagedLanguage() { QDir(m_staging).removeRecursively(); }
 
-    // Makes folder, whose last part is name and which does not exist yet; false, with error set,
+    // Where a language folder is built, under its own name.
+    QString folder(const QString& name) const { return m_staging + name + QDir::separator(); }
+
+    // Makes the folder of a language named name, which does not exist yet; false, with error set,
     // when the file system refuses it.
-    bool make(const QString& folder, const QString& name, QString* error)
+    bool make(const QString& name, QString* error)
     {
         if (holdsSeparator(name)) {
             *error = search_texts::nameHoldsSeparator();
             return false;
         }
         std::error_code code;
-        if (!std::filesystem::create_directory(std::filesystem::path(QFile::encodeName(folder).toStdString()), code)) {
+        std::filesystem::create_directories(std::filesystem::path(QFile::encodeName(m_staging).toStdString()), code);
+        if (!code)
+            std::filesystem::create_directory(std::filesystem::path(QFile::encodeName(folder(name)).toStdString()),
+                                              code);
+        if (code) {
             *error = QString::fromLocal8Bit(code.message());
             return false;
         }
-        m_folders.append(folder);
         return true;
     }
-    void keep() { m_kept = true; }
+
+    // Marks the build complete and moves it into place, language last; false, with the message
+    // shown, when that fails (a target folder moved already is removed again).
+    bool place(Prompts& prompts, const QString& language)
+    {
+        QString error;
+        QString failed = m_staging + kCompleteMarker;
+        QStringList moved;
+        if (!writeTextLines(failed, {language}, &error) ||
+            !moveIntoPlace(m_staging, m_languages, &moved, &failed, &error)) {
+            for (const QString& folder : moved)
+                QDir(folder).removeRecursively();
+            prompts.message(search_texts::notMade(failed, error));
+            return false;
+        }
+        return true;
+    }
 
 private:
-    QStringList m_folders;
-    bool m_kept = false;
+    QString m_languages;
+    QString m_staging;
 };
 
-// Writes lines to a new file of a new language; a failure is said, naming the file.
-bool writeNew(Prompts& prompts, const QString& path, const QStringList& lines)
+// Writes lines to a new file of a new language built in staged, to be moved to folder; a failure
+// is said, naming the file where it was to be.
+bool writeNew(Prompts& prompts, const QString& staged, const QString& folder, const QString& name,
+              const QStringList& lines)
 {
     QString error;
-    if (writeTextLines(path, lines, &error))
+    if (writeTextLines(staged + name, lines, &error))
         return true;
-    prompts.message(search_texts::notMade(path, error));
+    prompts.message(search_texts::notMade(folder + name, error));
     return false;
 }
 
 // Turns every word file of the target's folder into a list of the new language, each line kept up
 // to its first "|" followed by "|" and its sound number, and writes the identity pairing of every
 // sound number met. False when something could not be read or made (said in a message).
-bool copyTargetLists(Prompts& prompts, const QString& languages, const QString& name, const QString& target)
+bool copyTargetLists(Prompts& prompts, const QString& languages, const QString& staged, const QString& name,
+                     const QString& target)
 {
     const QString targetFolder = paths::languageFolder(languages, target);
     const QString newFolder = paths::languageFolder(languages, name);
@@ -90,10 +161,10 @@ bool copyTargetLists(Prompts& prompts, const QString& languages, const QString& 
         if (!entry.endsWith(paths::kListSuffix, Qt::CaseSensitive) || !QFileInfo(targetFolder + entry).isFile())
             continue;
         // Only the target's master gets the new language's name.
-        const QString copy = newFolder + QString(entry).replace(paths::masterName(target), paths::masterName(name));
+        const QString copy = QString(entry).replace(paths::masterName(target), paths::masterName(name));
         QFile source(targetFolder + entry);
         if (!source.open(QIODevice::ReadOnly)) {
-            prompts.message(search_texts::notMade(copy, source.errorString()));
+            prompts.message(search_texts::notMade(newFolder + copy, source.errorString()));
             return false;
         }
         QStringList lines;
@@ -104,10 +175,11 @@ bool copyTargetLists(Prompts& prompts, const QString& languages, const QString& 
             lines.append(line.left(line.indexOf(u'|') + 1) + u'|' + soundNumber);
             pairs.append(soundNumber + u'|' + soundNumber);
         }
-        if (!writeNew(prompts, copy, lines))
+        if (!writeNew(prompts, staged, newFolder, copy, lines))
             return false;
     }
-    return writeNew(prompts, paths::transIndexFile(languages, name, target), pairs);
+    return writeNew(prompts, staged, newFolder, QFileInfo(paths::transIndexFile(languages, name, target)).fileName(),
+                    pairs);
 }
 
 } // namespace
@@ -124,9 +196,9 @@ bool new_language(Session& session)
         prompts.message(search_texts::languageExists());
         return false;
     }
-    MadeFolders made;
+    StagedLanguage staged(languages);
     QString error;
-    if (!made.make(folder, name, &error)) {
+    if (!staged.make(name, &error)) {
         prompts.message(search_texts::notMade(folder, error));
         return false;
     }
@@ -134,7 +206,7 @@ bool new_language(Session& session)
     const QString target = prompts.input(search_texts::targetPrompt(), search_texts::targetTitle()).toLower();
     if (target.isEmpty()) {
         // Kept so: the new folder stays, without a trans file.
-        made.keep();
+        staged.place(prompts, name);
         return false;
     }
     const QString targetFolder = languages + target;
@@ -142,24 +214,44 @@ bool new_language(Session& session)
         prompts.message(search_texts::notMade(targetFolder, search_texts::nameHoldsSeparator()));
         return false;
     }
+    const QString newFolder = paths::languageFolder(languages, name);
     if (!QFileInfo::exists(targetFolder)) {
         prompts.message(search_texts::targetNotFound());
-        if (!made.make(targetFolder, target, &error)) {
+        if (!staged.make(target, &error)) {
             prompts.message(search_texts::notMade(targetFolder, error));
             return false;
         }
         // The pairing is recorded from the target's side too.
-        if (!writeNew(prompts, paths::transFile(languages, target), {name}))
+        const QString transFile = paths::transFile(languages, target);
+        if (!writeNew(prompts, staged.folder(target), paths::languageFolder(languages, target),
+                      QFileInfo(transFile).fileName(), {name}))
             return false;
     } else {
         prompts.message(search_texts::targetFound());
-        if (!copyTargetLists(prompts, languages, name, target))
+        if (!copyTargetLists(prompts, languages, staged.folder(name), name, target))
             return false;
     }
-    if (!writeNew(prompts, paths::transFile(languages, name), {target}))
+    if (!writeNew(prompts, staged.folder(name), newFolder, QFileInfo(paths::transFile(languages, name)).fileName(),
+                  {target}))
         return false;
-    made.keep();
-    return true;
+    return staged.place(prompts, name);
+}
+
+void sweep_new_languages(const QString& languagesFolder)
+{
+    const QString parent = stagingParent(languagesFolder);
+    for (const QString& name : QDir(parent).entryList({kStagingPrefix + u'*' + kStagingSuffix},
+                                                      QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden)) {
+        if (builderRuns(name))
+            continue;
+        const QString staging = parent + name;
+        QStringList moved;
+        QString failed;
+        QString error;
+        if (QFileInfo::exists(QDir(staging).filePath(kCompleteMarker)))
+            moveIntoPlace(staging, languagesFolder, &moved, &failed, &error);
+        QDir(staging).removeRecursively();
+    }
 }
 
 bool add_list(Session& session)
@@ -184,8 +276,11 @@ bool add_list(Session& session)
         return false;
     }
     // Written whole or not at all.
-    if (!writeNew(prompts, path, {search_texts::newListHeader(language)}))
+    QString error;
+    if (!writeTextLines(path, {search_texts::newListHeader(language)}, &error)) {
+        prompts.message(search_texts::notMade(path, error));
         return false;
+    }
     prompts.message(name);
     return true;
 }

@@ -3,6 +3,7 @@
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/sound_library.h"
+#include "record/unfinished_work.h"
 #include "sound/sound_error_text.h"
 #include "store/paths.h"
 #include "store/text_files.h"
@@ -81,6 +82,7 @@ bool start_up(Session& session)
     }
     removeStrayRewrites(paths::programFolder());
     session.languages_folder = paths::languagesFolder();
+    finish_unfinished_work(session.languages_folder);
     return true;
 }
 

@@ -407,6 +407,15 @@ bool appendTextLines(const QString& path, const QStringList& lines, QString* err
     return written || fail(code, error);
 }
 
+bool renameIntoPlace(const QString& from, const QString& to, QString* error)
+{
+    int code = 0;
+    if (!renameInto(QFile::encodeName(from), QFile::encodeName(to), &code))
+        return fail(code, error);
+    syncFolderOf(to);
+    return true;
+}
+
 bool restoreLength(const QString& path, qint64 length)
 {
     if (length < 0)

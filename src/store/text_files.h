@@ -47,6 +47,9 @@ bool writeBytes(const QString& path, const QByteArray& bytes, QString* error = n
 // did not exist), for restoreLength.
 bool appendTextLines(const QString& path, const QStringList& lines, QString* error = nullptr,
                      qint64* previousLength = nullptr);
+// Renames a file over another and makes the rename lasting, through the same fault point as a
+// rewrite's rename: for a change staged in a file of its own. False, with error set, on failure.
+bool renameIntoPlace(const QString& from, const QString& to, QString* error = nullptr);
 // Cuts a file back to length bytes, or removes it for a length of -1: undoes an append.
 bool restoreLength(const QString& path, qint64 length);
 // Removes the files a rewrite left beside their names in folder when the process died (those of a
