@@ -54,8 +54,17 @@ int main(int argc, char* argv[])
     quorvane::select_row(main->lists_list, rowOf(main->lists_list, "most_common_words"));
     quorvane::select_row(main->words_list, 3);
     QApplication::processEvents();
-    const bool saved = main->grab().save(output + "/main-window.png");
+    bool saved = main->grab().save(output + "/main-window.png");
     std::printf("%s %s/main-window.png\n", saved ? "saved" : "could not save", qPrintable(output));
+
+    // A word whose recording is gone is spoken by the synthesizer, and its file number says so.
+    quorvane::Session& session = quorvane::sessionOf(main);
+    const QString number = session.sound_numbers.value(5);
+    QFile::remove(session.languages_folder + "spanish/" + number.left(2) + "/" + number + ".mp3");
+    quorvane::select_row(main->words_list, 5);
+    QApplication::processEvents();
+    const bool spoken = main->grab().save(output + "/synthesized-word.png");
+    std::printf("%s %s/synthesized-word.png\n", spoken ? "saved" : "could not save", qPrintable(output));
     delete main;
-    return saved ? 0 : 1;
+    return saved && spoken ? 0 : 1;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/main_view.h"
+#include "core/speech.h"
 
 #include <QString>
 #include <QStringList>
@@ -80,6 +81,14 @@ public:
 
     QString report_text;
 
+    // Speech for words without a recording: on unless the student switched it off; the voices
+    // whose failure was already told this session (told once, then silent).
+    bool speak_missing_words = true;
+    QStringList speech_failures_told;
+    // The synthesizer in force (not owned); one without voices until one attaches.
+    SpeechSynthesizer& speech() { return m_speech ? *m_speech : m_noSpeech; }
+    void attachSpeech(SpeechSynthesizer* speech) { m_speech = speech; }
+
     // Number of entries held by the word arrays (their highest index).
     int wordCount() const { return static_cast<int>(words.size()) - 1; }
 
@@ -91,6 +100,8 @@ public:
 private:
     MainView* m_view = nullptr;
     NoMainView m_noView;
+    SpeechSynthesizer* m_speech = nullptr;
+    NoSpeech m_noSpeech;
 };
 
 } // namespace quorvane

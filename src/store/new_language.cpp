@@ -2,6 +2,7 @@
 
 #include "core/prompts.h"
 #include "core/session.h"
+#include "sound/speech_voices.h"
 #include "store/paths.h"
 #include "store/search_texts.h"
 #include "store/text_files.h"
@@ -157,6 +158,10 @@ bool new_language(Session& session)
             return false;
     }
     if (!writeNew(prompts, paths::transFile(languages, name), {target}))
+        return false;
+    // A name the voice table knows gets its voice file, so its words are spoken before any recording.
+    if (const QString voice = table_voice(name);
+        !voice.isEmpty() && !writeNew(prompts, voice_file(languages, name), {voice}))
         return false;
     made.keep();
     return true;
