@@ -141,10 +141,11 @@ protected:
 TEST_F(SpokenWords, AWordWithoutARecordingIsSpokenAndSaysSoAndFailuresAreToldOnce)
 {
     say_word(session, "01000", "spanish", "grabado");
+    session.missing_sound_count = 8; // the small card stops after eight silent words in a row
     say_word(session, "01408", "spanish", "mariposa");
     EXPECT_EQ(sound.played, QStringList({session.languages_folder + "spanish/01/01000.mp3", "speech:es:mariposa"}));
     EXPECT_EQ(view.captions, QStringList({"File # 01000", "File # 01408 (synthesized)"}));
-    EXPECT_EQ(session.missing_sound_count, 1) << "a spoken word still has no recording";
+    EXPECT_EQ(session.missing_sound_count, 0) << "a spoken word is heard";
     EXPECT_EQ(speech.spoken, QStringList({"es:mariposa"}));
 
     // Switched off, or a language without a voice: silent as ever, the caption as ever.

@@ -89,11 +89,13 @@ void waitAsForMissingFile(Session& session)
 }
 
 // Says a word without a recording with voice: captured as an MP3 piece while an MP3 file is being
-// made, otherwise played as a recording would be.
+// made, otherwise played as a recording would be. A word spoken is no missing sound.
 void saySynthesized(Session& session, const QString& language, const QString& voice, const QString& text)
 {
     if (session.mp3_words_left >= 1) {
         const std::optional<QByteArray> mp3 = spoken_mp3(session, language, text);
+        if (mp3)
+            session.missing_sound_count = 0;
         if (mp3 && !capture_bytes(session, *mp3))
             return;
         for (int i = 0; i < session.silence_count; ++i) {
@@ -109,6 +111,8 @@ void saySynthesized(Session& session, const QString& language, const QString& vo
         waitAsForMissingFile(session);
         return;
     }
+    // A spoken word is heard: it does not count towards the missing recordings that stop the small card.
+    session.missing_sound_count = 0;
     playAndWait(session, session.sound.sampleLoadPcm(spoken_name(voice, text), *pcm, kSpeechRate));
 }
 
