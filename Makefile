@@ -10,6 +10,7 @@ PACKAGES := cmake ninja-build g++ pkg-config qt6-base-dev libqt6opengl6-dev libg
 PACKAGES += qt6-charts-dev   # spaced review: the progress window's charts
 PACKAGES += desktop-file-utils appstream lintian librsvg2-bin dpkg-dev fakeroot file gzip   # package
 PACKAGES += libtag1-dev dbus dbus-daemon   # hands-free drills: MP3 tags, media keys
+PACKAGES += libespeak-ng-dev espeak-ng-data espeak-ng libmp3lame-dev   # speech for words without a recording
 
 .PHONY: all setup configure build run test bench lint format clean screenshots package
 

@@ -276,7 +276,8 @@ TEST(NewLanguage, AKnownTargetsListsAreCopiedAnUnknownTargetIsRecordedOnBothSide
     EXPECT_EQ(p.folder.read("languages/swahili/eat_words.txt"), "eat||00217\r\nx||00218\r\n|1234\r\n");
     EXPECT_EQ(p.folder.read("languages/swahili/master_swahili.txt"), "eat||00217\r\n|00300\r\n");
     EXPECT_EQ(entries("swahili"), QStringList({"eat_words.txt", "master_swahili.txt", "trans_index_swahili_english.dat",
-                                               "trans_swahili.dat"}));
+                                               "trans_swahili.dat", "voice_swahili.dat"}));
+    EXPECT_EQ(p.folder.read("languages/swahili/voice_swahili.dat"), "sw\r\n");
     EXPECT_EQ(p.folder.read("languages/swahili/trans_index_swahili_english.dat"),
               "00217|00217\r\n00218|00218\r\n1234|1234\r\n00217|00217\r\n00300|00300\r\n");
     EXPECT_EQ(p.folder.read("languages/swahili/trans_swahili.dat"), "english\r\n");

@@ -203,12 +203,15 @@ struct Program
     HookedSound sound;
     SoundLibrary* library = &sound; // the sound library start() is given
     FakeClock clock;
+    NoSpeech noSpeech;
+    FakeSpeech speech;                      // speaks where a test gives it voices and uses it
+    SpeechSynthesizer* speaker = &noSpeech; // the synthesizer start() is given
     std::unique_ptr<QWidget> window;
 
     // Starts the program on what the folder holds, then chooses language when one is named.
     MainWindow* start(const QString& language = QString())
     {
-        window.reset(quorvane::start(folder.path(), &prompts, library, &clock));
+        window.reset(quorvane::start(folder.path(), &prompts, library, &clock, speaker));
         if (!language.isEmpty())
             choose(main()->lang_list, language);
         return main();

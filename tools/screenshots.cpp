@@ -176,6 +176,15 @@ int main(int argc, char* argv[])
     main->txt_word_search->setText(QStringLiteral("co"));
     save("qvmain", "search.png");
 
+    // A word whose recording is gone is spoken by the synthesizer, and its file number says so.
+    main->txt_word_search->clear();
+    quorvane::select_row(main->lists_list, rowOf(main->lists_list, "most_common_words"));
+    quorvane::Session& session = quorvane::sessionOf(main);
+    const QString number = session.sound_numbers.value(5);
+    QFile::remove(session.languages_folder + "spanish/" + number.left(2) + "/" + number + ".mp3");
+    quorvane::select_row(main->words_list, 5);
+    save("qvmain", "synthesized-word.png");
+
     delete main;
     return g_failures == 0 ? 0 : 1;
 }

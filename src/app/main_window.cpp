@@ -2,9 +2,11 @@
 
 #include "app/texts.h"
 #include "core/flags.h"
+#include "core/product.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/sound_library.h"
+#include "sound/texts.h"
 #include "store/search_texts.h"
 #include "store/start_up.h"
 #include "widgets/announce_texts.h"
@@ -22,6 +24,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QSettings>
 #include <QVBoxLayout>
 
 namespace quorvane {
@@ -30,6 +33,18 @@ namespace {
 
 constexpr int kSmallListPoints = 8;
 constexpr int kLargeListPoints = 10;
+// The remembered state of the speak_missing_words menu item (on until switched off).
+const QString kSpeakMissingWordsKey = QStringLiteral("speech/speak_missing_words");
+
+bool rememberedSpeech()
+{
+    return QSettings(product::kName, QStringLiteral("quorvane")).value(kSpeakMissingWordsKey, true).toBool();
+}
+
+void rememberSpeech(bool on)
+{
+    QSettings(product::kName, QStringLiteral("quorvane")).setValue(kSpeakMissingWordsKey, on);
+}
 
 QFont smallFont(const QString& family)
 {
@@ -185,6 +200,12 @@ void MainWindow::buildMenus()
         return action;
     };
     QMenu* file = addMenu(QStringLiteral("File"));
+    speak_missing_words = file->addAction(sound_texts::kSpeakMissingWords);
+    speak_missing_words->setObjectName(QStringLiteral("speak_missing_words"));
+    speak_missing_words->setCheckable(true);
+    speak_missing_words->setChecked(rememberedSpeech());
+    m_session->speak_missing_words = speak_missing_words->isChecked();
+    file->addSeparator();
     Exit = addItem(file, QStringLiteral("Exit"));
     QMenu* instructions = addMenu(QStringLiteral("Instructions1"));
     Instructions2 = addItem(instructions, QStringLiteral("Instructions2"));
@@ -217,6 +238,7 @@ void MainWindow::wireHandlers()
     connect(Help2, &QAction::triggered, this, &MainWindow::Help2_click);
     connect(Troubleshooting, &QAction::triggered, this, &MainWindow::Troubleshooting_click);
     connect(About1, &QAction::triggered, this, &MainWindow::About1_click);
+    connect(speak_missing_words, &QAction::triggered, this, &MainWindow::speak_missing_words_click);
     connect(record_word_word, &QPushButton::clicked, this, &MainWindow::record_word_word_click);
     connect(record_word_list, &QPushButton::clicked, this, &MainWindow::record_word_list_click);
     connect(txt_word_search, &QLineEdit::textChanged, this, &MainWindow::txt_word_search_change);
@@ -248,6 +270,12 @@ void MainWindow::form_load()
         words_liste->clear();
         select_row(lang_list, 0);
     });
+}
+
+void MainWindow::speak_missing_words_click()
+{
+    m_session->speak_missing_words = speak_missing_words->isChecked();
+    rememberSpeech(m_session->speak_missing_words);
 }
 
 void MainWindow::show_sound_caption(const QString& caption)

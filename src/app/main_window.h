@@ -76,6 +76,8 @@ public:
     QAction* Help2;
     QAction* Troubleshooting;
     QAction* About1;
+    // Checkable, remembered across runs: words without a recording are spoken by the synthesizer.
+    QAction* speak_missing_words;
 
 public slots:
     // Operations other windows call.
@@ -104,6 +106,7 @@ public slots:
     void Help2_click();
     void Troubleshooting_click();
     void About1_click();
+    void speak_missing_words_click();
 
     // Recording: the record-and-edit window for the selected word or the whole list.
     void record_word_word_click();

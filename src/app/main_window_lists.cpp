@@ -179,7 +179,7 @@ void MainWindow::words_list_click()
         select_row(words_liste, row);
         m_syncFlag.clear();
         Session& s = *m_session;
-        say_word(s, s.sound_numbers.value(row), s.current_language);
+        say_word(s, s.sound_numbers.value(row), s.current_language, s.words.value(row));
     });
 }
 
@@ -196,7 +196,7 @@ void MainWindow::words_liste_click()
         Session& s = *m_session;
         // A sound number that names no slot of the pairing table has no translation recording.
         if (const auto translation = translation_sound_number(s, s.sound_numbers.value(row)))
-            say_word(s, *translation, s.target_language);
+            say_word(s, *translation, s.target_language, s.translations.value(row));
     });
 }
 

@@ -4,7 +4,9 @@
 #include "app/quit_signals.h"
 #include "core/clock.h"
 #include "core/session.h"
+#include "sound/espeak_speech.h"
 #include "sound/sdl_sound.h"
+#include "sound/speech_cache.h"
 #include "widgets/controls.h"
 #include "widgets/qt_prompts.h"
 
@@ -26,6 +28,8 @@ public:
     std::unique_ptr<Prompts> prompts;
     std::unique_ptr<SoundLibrary> sound;
     std::unique_ptr<Clock> clock;
+    std::unique_ptr<SpeechSynthesizer> speech;
+    std::unique_ptr<CachedSpeech> cachedSpeech;
 };
 
 void ensureApplication()
@@ -40,7 +44,8 @@ void ensureApplication()
 
 } // namespace
 
-QWidget* start(const QString& programFolder, Prompts* prompts, SoundLibrary* sound, Clock* clock)
+QWidget* start(const QString& programFolder, Prompts* prompts, SoundLibrary* sound, Clock* clock,
+               SpeechSynthesizer* speech)
 {
     ensureApplication();
     if (!programFolder.isEmpty())
@@ -59,8 +64,14 @@ QWidget* start(const QString& programFolder, Prompts* prompts, SoundLibrary* sou
         owned->clock = std::make_unique<QtClock>();
         clock = owned->clock.get();
     }
+    if (!speech) {
+        owned->speech = std::make_unique<EspeakSpeech>();
+        owned->cachedSpeech = std::make_unique<CachedSpeech>(*owned->speech);
+        speech = owned->cachedSpeech.get();
+    }
     controls::installFontSubstitutions();
     auto* window = new MainWindow(*prompts, *sound, *clock);
+    window->session().attachSpeech(speech);
     owned.release()->setParent(window);
     // Only the main window (closed, or Exit) and SIGINT or SIGTERM end the program, never a box;
     // when the event loop ends the window goes, and with it the student's lock and the sound.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/main_view.h"
+#include "core/speech.h"
 
 #include <QString>
 #include <QStringList>
@@ -92,6 +93,13 @@ public:
     double desired_retention = 0.9;
     int new_words_per_day = 20;
     std::shared_ptr<review::ReviewBook> review_book;
+    // Speech for words without a recording: on unless the student switched it off; the voices
+    // whose failure was already told this session (told once, then silent).
+    bool speak_missing_words = true;
+    QStringList speech_failures_told;
+    // The synthesizer in force (not owned); one without voices until one attaches.
+    SpeechSynthesizer& speech() { return m_speech ? *m_speech : m_noSpeech; }
+    void attachSpeech(SpeechSynthesizer* speech) { m_speech = speech; }
 
     // Number of entries held by the word arrays (their highest index).
     int wordCount() const { return static_cast<int>(words.size()) - 1; }
@@ -104,6 +112,8 @@ public:
 private:
     MainView* m_view = nullptr;
     NoMainView m_noView;
+    SpeechSynthesizer* m_speech = nullptr;
+    NoSpeech m_noSpeech;
 };
 
 } // namespace quorvane

@@ -50,6 +50,10 @@ public:
 
     // Loads a whole MP3 or WAV file; offset and length 0 mean the whole file.
     virtual int sampleLoad(int index, const QString& path, unsigned mode, int offset, int length) = 0;
+    // Loads a sample from signed 16-bit mono little-endian PCM in memory at frequency Hz (a
+    // synthesized word). name identifies the sound; loading the same name and bytes again may give
+    // the same sample.
+    virtual int sampleLoadPcm(const QString& name, const QByteArray& pcm16Mono, int frequency) = 0;
     // An empty sample of length frames, for recording into.
     virtual int sampleAlloc(int index, int length, unsigned mode, int defaultFrequency, int defaultVolume,
                             int defaultPan, int defaultPriority) = 0;

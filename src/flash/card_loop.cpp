@@ -173,7 +173,8 @@ private:
 
     void sayTranslation()
     {
-        say_word(m_session, card_translation(m_session, currentSoundNumber()), m_session.target_language);
+        say_word(m_session, card_translation(m_session, currentSoundNumber()), m_session.target_language,
+                 m_session.translations.value(m_session.current_index));
     }
 
     Step playCard(int count)
@@ -219,7 +220,7 @@ private:
             wait_seconds(s, m_rules.playWait);
             if (const Step step = check(); step != Step::go)
                 return afterCard(step);
-            say_word(s, currentSoundNumber(), s.current_language);
+            say_word(s, currentSoundNumber(), s.current_language, s.words.value(s.current_index));
             if (const Step step = check(); step != Step::go)
                 return afterCard(step);
             ++interlaceCounter;

@@ -9,6 +9,7 @@
 #include "flash/mp3_tags.h"
 #include "flash/texts.h"
 #include "sound/playback.h"
+#include "sound/spoken_words.h"
 #include "sound/texts.h"
 #include "store/paths.h"
 #include "store/text_files.h"
@@ -203,8 +204,18 @@ void auto_mp3(Session& session, const Mp3Progress& progress)
         }
         const QString soundNumber = session.sound_numbers.value(done);
         const QByteArray* word = cache.bytes(recording_path(session, soundNumber, session.current_language));
+        const QString translationNumber = card_translation(session, soundNumber);
         const QByteArray* translation =
-            cache.bytes(recording_path(session, card_translation(session, soundNumber), session.target_language));
+            cache.bytes(recording_path(session, translationNumber, session.target_language));
+        // Words without a recording are spoken, so the player's files have no holes.
+        std::optional<QByteArray> spokenWord;
+        std::optional<QByteArray> spokenTranslation;
+        if (!word && !soundNumber.isEmpty() &&
+            (spokenWord = spoken_mp3(session, session.current_language, session.words.value(done))))
+            word = &*spokenWord;
+        if (!translation && !translationNumber.isEmpty() &&
+            (spokenTranslation = spoken_mp3(session, session.target_language, session.translations.value(done))))
+            translation = &*spokenTranslation;
         for (int repeat = 0; repeat < *repeats; ++repeat) {
             output.append(translation);
             output.append(word);

@@ -10,6 +10,7 @@
 #include "quiz/texts.h"
 #include "review/review_log.h"
 #include "sound/playback.h"
+#include "sound/spoken_words.h"
 #include "store/paths.h"
 #include "store/word_files.h"
 
@@ -146,7 +147,8 @@ private:
             if (q.show_text == kYes)
                 m_view.showWord(q.question_word);
             q.expected_answer = s.translations.value(index);
-            if (q.play_sound != kYes || hasRecording(s.sound_numbers.value(index)))
+            if (q.play_sound != kYes || hasRecording(s.sound_numbers.value(index)) ||
+                would_synthesize(s, s.sound_numbers.value(index), s.current_language, q.question_word))
                 break;
             // OK draws another word, not counted; Cancel ends the test with its results.
             if (!s.prompts.okCancel(quiz_texts::soundMissing())) {
@@ -162,7 +164,7 @@ private:
         if (m_view.kind() == TestKind::multipleChoice) {
             m_view.showChoices(draw_choices(s, q.expected_answer, q.correct_position));
         }
-        if (countdown(s.sound_numbers.value(index)) == Step::end)
+        if (countdown(s.sound_numbers.value(index), s.words.value(index)) == Step::end)
             return Step::end;
         const bool right = judge(s.translations.value(index));
         review::log_grade(s, index, right ? review::good : review::again, review::kSourceTest);
@@ -173,12 +175,12 @@ private:
         return Step::next;
     }
 
-    Step countdown(const QString& soundNumber)
+    Step countdown(const QString& soundNumber, const QString& word)
     {
         Session& s = m_session;
         m_view.showCountdown(QString(kCountdownSteps, u'='));
         if (m_state.play_sound == kYes)
-            say_word(s, soundNumber, s.current_language);
+            say_word(s, soundNumber, s.current_language, word);
         for (int t = kCountdownSteps - 1; t >= 1; --t) {
             if (gone())
                 return Step::end;

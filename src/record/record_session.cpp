@@ -279,10 +279,10 @@ ChosenRow choose_row(RecordState& state, const QString& kind, int row)
     return chosen;
 }
 
-void play_chosen(Session& session, const RecordState& state)
+void play_chosen(Session& session, const RecordState& state, const QString& word)
 {
     const WindowPlaying playing(session);
-    say_word(session, state.current_sound_number, session.current_language);
+    say_word(session, state.current_sound_number, session.current_language, word);
 }
 
 } // namespace quorvane

@@ -80,6 +80,6 @@ struct ChosenRow
 ChosenRow choose_row(RecordState& state, const QString& kind, int row);
 
 // Plays the clicked entry's recording, a new ".str" one included.
-void play_chosen(Session& session, const RecordState& state);
+void play_chosen(Session& session, const RecordState& state, const QString& word);
 
 } // namespace quorvane

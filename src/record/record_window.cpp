@@ -5,6 +5,8 @@
 #include "core/session.h"
 #include "record/record_lists.h"
 #include "record/texts.h"
+#include "sound/spoken_words.h"
+#include "sound/texts.h"
 #include "store/paths.h"
 #include "widgets/announce_texts.h"
 #include "widgets/controls.h"
@@ -387,8 +389,10 @@ void RecordWindow::wordClicked(const QString& kind)
         right_word->setFont(font);
         left_word->setText(chosen.word);
         right_word->setText(engList(kind)->currentItem() ? engList(kind)->currentItem()->text() : QString());
-        filenum_lbl->setText(chosen.fileCaption);
-        play_chosen(m_session, state);
+        const bool spoken =
+            would_synthesize(m_session, state.current_sound_number, m_session.current_language, chosen.word);
+        filenum_lbl->setText(chosen.fileCaption + (spoken ? sound_texts::kSynthesizedMark : QString()));
+        play_chosen(m_session, state, chosen.word);
     });
     --m_waitsRunning;
     deleteIfClosed();

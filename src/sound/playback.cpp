@@ -7,8 +7,10 @@
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/sound_library.h"
+#include "core/speech.h"
 #include "sound/sound_error_text.h"
 #include "sound/sound_files.h"
+#include "sound/spoken_words.h"
 #include "sound/texts.h"
 
 #include <QFile>
@@ -42,13 +44,15 @@ void awaitEndOfSound(Session& session)
     wait_seconds(session, session.speed);
 }
 
-void playAndWait(Session& session, QString& path)
+void playAndWait(Session& session, int sample);
+void waitAsForMissingFile(Session& session);
+
+void playFileAndWait(Session& session, QString& path)
 {
     if (session.recording_active == kYes)
         return;
     if (!QFileInfo::exists(path)) {
-        wait_seconds(session, kMissingFileWait);
-        wait_seconds(session, session.speed);
+        waitAsForMissingFile(session);
         return;
     }
     if (endsWith3(path, "str")) {
@@ -57,8 +61,13 @@ void playAndWait(Session& session, QString& path)
         path = str_to_wav(path);
     }
 
-    // Failures are shown and playing goes on regardless: the pause after the word still happens.
-    const int sample = session.sound.sampleLoad(kFreeIndex, path, kPlaybackSampleMode, 0, 0);
+    playAndWait(session, session.sound.sampleLoad(kFreeIndex, path, kPlaybackSampleMode, 0, 0));
+}
+
+// Plays a loaded sample (0: its load failed) and waits: the pause after the word happens whatever
+// failed, and each failure is shown.
+void playAndWait(Session& session, int sample)
+{
     if (sample == 0)
         session.prompts.message(sound_texts::openFailed(sound_error_text(session.sound.getError())));
     session.sound_channel = session.sound.playSound(kFreeIndex, sample);
@@ -73,13 +82,55 @@ void playAndWait(Session& session, QString& path)
     }
 }
 
+void waitAsForMissingFile(Session& session)
+{
+    wait_seconds(session, kMissingFileWait);
+    wait_seconds(session, session.speed);
+}
+
+// Says a word without a recording with voice: captured as an MP3 piece while an MP3 file is being
+// made, otherwise played as a recording would be. A word spoken is no missing sound.
+void saySynthesized(Session& session, const QString& language, const QString& voice, const QString& text)
+{
+    if (session.mp3_words_left >= 1) {
+        const std::optional<QByteArray> mp3 = spoken_mp3(session, language, text);
+        if (mp3)
+            session.missing_sound_count = 0;
+        if (mp3 && !capture_bytes(session, *mp3))
+            return;
+        for (int i = 0; i < session.silence_count; ++i) {
+            if (!capture_piece(session, paths::silenceFile()))
+                return;
+        }
+        return;
+    }
+    if (session.recording_active == kYes)
+        return;
+    const std::optional<QByteArray> pcm = spoken_pcm(session, language, voice, text);
+    if (!pcm) {
+        waitAsForMissingFile(session);
+        return;
+    }
+    // A spoken word is heard: it does not count towards the missing recordings that stop the small card.
+    session.missing_sound_count = 0;
+    playAndWait(session, session.sound.sampleLoadPcm(spoken_name(voice, text), *pcm, kSpeechRate));
+}
+
 } // namespace
 
-void say_word(Session& session, const QString& soundNumber, const QString& language)
+void say_word(Session& session, const QString& soundNumber, const QString& language, const QString& text)
 {
     if (soundNumber.isEmpty())
         return;
     ChosenSound chosen = choose_sound_file(session, soundNumber, language);
+    // Recordings come first; a word without one is spoken when a voice speaks its language.
+    if (!text.isEmpty() && !QFileInfo::exists(chosen.path)) {
+        if (const QString voice = speaking_voice(session, language); !voice.isEmpty()) {
+            session.mainView().show_sound_caption(sound_texts::synthesizedCaption(soundNumber));
+            saySynthesized(session, language, voice, text);
+            return;
+        }
+    }
     session.mainView().show_sound_caption(sound_texts::fileNumberCaption(soundNumber));
     // MP3 capture takes released recordings only; a new recording chosen meanwhile is played.
     if (session.mp3_words_left >= 1 && chosen.extension == QLatin1String(".mp3")) {
@@ -96,7 +147,7 @@ void say_word(Session& session, const QString& soundNumber, const QString& langu
 
 void play_sound_file(Session& session, QString& path)
 {
-    playAndWait(session, path);
+    playFileAndWait(session, path);
     // Whatever happened, a WAV file is the temporary copy of a new recording: it goes.
     if (endsWith3(path, "wav"))
         QFile::remove(path);
@@ -116,8 +167,12 @@ bool append_file(const QString& source, const QString& target, QString* error)
     QFile in(source);
     if (!in.open(QIODevice::ReadOnly))
         return true;
-    const QByteArray bytes = in.readAll() + QByteArrayLiteral("\r\n");
-    in.close();
+    return appendPiece(in.readAll(), target, error);
+}
+
+bool appendPiece(const QByteArray& piece, const QString& target, QString* error)
+{
+    const QByteArray bytes = piece + QByteArrayLiteral("\r\n");
     QFile out(target);
     if (!out.open(QIODevice::WriteOnly | QIODevice::Append) || out.write(bytes) != bytes.size() || !out.flush()) {
         if (error)
@@ -135,8 +190,15 @@ QString mp3_capture_file()
 
 bool capture_piece(Session& session, const QString& piece)
 {
+    QFile in(piece);
+    // A piece that cannot be read is left out.
+    return !in.open(QIODevice::ReadOnly) || capture_bytes(session, in.readAll());
+}
+
+bool capture_bytes(Session& session, const QByteArray& piece)
+{
     QString error;
-    if (append_file(piece, mp3_capture_file(), &error))
+    if (appendPiece(piece, mp3_capture_file(), &error))
         return true;
     // The capture ends here; what was captured before stays in out_file.mp3.
     session.mp3_words_left = 0;

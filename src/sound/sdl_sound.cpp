@@ -1,5 +1,7 @@
 #include "sound/sdl_sound.h"
 
+#include "sound/sound_files.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -9,6 +11,7 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
+#include <optional>
 #include <unordered_set>
 
 namespace quorvane {
@@ -203,17 +206,36 @@ int SdlSound::sampleLoad(int index, const QString& path, unsigned mode, int offs
     if (!info.isFile())
         return fail(kSoundFileNotFound);
 
-    const QString key = cacheKeyOf(info);
+    return loadCached(cacheKeyOf(info), [&path] {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? std::optional<QByteArray>(file.readAll()) : std::nullopt;
+    });
+}
+
+int SdlSound::sampleLoadPcm(const QString& name, const QByteArray& pcm16Mono, int frequency)
+{
+    if (!m_open)
+        return fail(kSoundNotInitialised);
+    if (frequency <= 0 || pcm16Mono.isEmpty() || pcm16Mono.size() % 2 != 0)
+        return fail(kSoundInvalidParameter);
+    const QString key = QStringLiteral("pcm\n%1\n%2\n%3").arg(name).arg(frequency).arg(qHash(pcm16Mono));
+    return loadCached(key, [&] {
+        return std::optional<QByteArray>(wav_header(quint32(pcm16Mono.size()), quint32(frequency)) + pcm16Mono);
+    });
+}
+
+int SdlSound::loadCached(const QString& key, const std::function<std::optional<QByteArray>()>& bytesOf)
+{
     if (const auto cached = m_cache.constFind(key); cached != m_cache.constEnd()) {
         m_samples[*cached].lastUse = ++m_useCounter;
         succeed();
         return *cached;
     }
 
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    const std::optional<QByteArray> read = bytesOf();
+    if (!read)
         return fail(kSoundFileNotFound);
-    const QByteArray bytes = file.readAll();
+    const QByteArray& bytes = *read;
     if (!knownFormat(bytes))
         return fail(kSoundUnknownFormat);
     SDL_RWops* source = SDL_RWFromConstMem(bytes.constData(), static_cast<int>(bytes.size()));

@@ -10,7 +10,9 @@
 #include <SDL_audio.h>
 
 #include <atomic>
+#include <functional>
 #include <memory>
+#include <optional>
 
 struct Mix_Chunk;
 
@@ -46,6 +48,7 @@ public:
     int getError() override;
 
     int sampleLoad(int index, const QString& path, unsigned mode, int offset, int length) override;
+    int sampleLoadPcm(const QString& name, const QByteArray& pcm16Mono, int frequency) override;
     int sampleAlloc(int index, int length, unsigned mode, int defaultFrequency, int defaultVolume, int defaultPan,
                     int defaultPriority) override;
     void sampleFree(int sample) override;
@@ -91,6 +94,9 @@ private:
     static void captureCallback(void* userData, Uint8* stream, int length);
 
     bool fail(int code);
+    // The cached sample of key, or the one decoded from what bytesOf reads (a whole WAV or MP3 file;
+    // nothing: not found) and cached under key.
+    int loadCached(const QString& key, const std::function<std::optional<QByteArray>()>& bytesOf);
     bool succeed();
     Sample* find(int sample);
     // Frees least recently used samples, never keep nor one that is playing, until within bounds.

@@ -16,8 +16,6 @@ constexpr quint32 kWavHeaderTail = 36; // header bytes after the RIFF size field
 constexpr quint32 kFormatBlockSize = 16;
 constexpr quint16 kPcmFormat = 1;
 constexpr quint16 kChannels = 1;
-constexpr quint32 kSamplesPerSecond = 22050;
-constexpr quint32 kBytesPerSecond = 44100;
 constexpr quint16 kBytesPerFrame = 2;
 constexpr quint16 kBitsPerSample = 16;
 
@@ -27,27 +25,6 @@ QByteArray twoByteText(quint16 value)
     result[0] = static_cast<char>(value & 0xFF);
     result[1] = static_cast<char>(value >> 8);
     return result;
-}
-
-// The 44-byte header of a mono 16-bit 22050 Hz PCM file holding dataLength bytes of samples.
-QByteArray wavHeader(quint32 dataLength)
-{
-    QByteArray header;
-    header.reserve(44);
-    header += "RIFF";
-    header += four_byte_text(dataLength + kWavHeaderTail);
-    header += "WAVE";
-    header += "fmt ";
-    header += four_byte_text(kFormatBlockSize);
-    header += twoByteText(kPcmFormat);
-    header += twoByteText(kChannels);
-    header += four_byte_text(kSamplesPerSecond);
-    header += four_byte_text(kBytesPerSecond);
-    header += twoByteText(kBytesPerFrame);
-    header += twoByteText(kBitsPerSample);
-    header += "data";
-    header += four_byte_text(dataLength);
-    return header;
 }
 
 } // namespace
@@ -77,6 +54,26 @@ QByteArray four_byte_text(quint32 value)
     return result;
 }
 
+QByteArray wav_header(quint32 dataLength, quint32 rate)
+{
+    QByteArray header;
+    header.reserve(44);
+    header += "RIFF";
+    header += four_byte_text(dataLength + kWavHeaderTail);
+    header += "WAVE";
+    header += "fmt ";
+    header += four_byte_text(kFormatBlockSize);
+    header += twoByteText(kPcmFormat);
+    header += twoByteText(kChannels);
+    header += four_byte_text(rate);
+    header += four_byte_text(rate * kBytesPerFrame);
+    header += twoByteText(kBytesPerFrame);
+    header += twoByteText(kBitsPerSample);
+    header += "data";
+    header += four_byte_text(dataLength);
+    return header;
+}
+
 QString str_to_wav(const QString& strPath)
 {
     const QString tmpPath = QString(strPath).replace(QStringLiteral(".str"), QStringLiteral(".tmp"));
@@ -96,7 +93,7 @@ QString str_to_wav(const QString& strPath)
     // Kept: an older, longer file of the same name is overwritten from its start and not truncated,
     // so its tail stays behind the new data.
     if (wav.open(QIODevice::ReadWrite)) {
-        wav.write(wavHeader(static_cast<quint32>(samples.size())));
+        wav.write(wav_header(static_cast<quint32>(samples.size())));
         wav.write(samples);
     }
     return wavPath;

@@ -23,6 +23,9 @@ ChosenSound choose_sound_file(Session& session, const QString& soundNumber, cons
 // Four bytes holding value least significant first.
 QByteArray four_byte_text(quint32 value);
 
+// The 44-byte header of a mono 16-bit PCM WAV file at rate Hz holding dataLength bytes of samples.
+QByteArray wav_header(quint32 dataLength, quint32 rate = 22050);
+
 // Makes a playable WAV file beside a .str recording (same name, ".wav") and returns its path:
 // deciphers to a ".tmp" file, writes the 44-byte header and the samples, deletes the ".tmp".
 QString str_to_wav(const QString& strPath);

@@ -7,6 +7,33 @@ QString fileNumberCaption(const QString& soundNumber)
     return QStringLiteral("File # ") + soundNumber;
 }
 
+QString synthesizedCaption(const QString& soundNumber)
+{
+    return fileNumberCaption(soundNumber) + kSynthesizedMark;
+}
+
+QString speechRateUnexpected(int rate)
+{
+    return QStringLiteral("eSpeak NG speaks at %1 Hz instead of 22050 Hz").arg(rate);
+}
+
+QString voiceMissing(const QString& voice)
+{
+    return QStringLiteral("eSpeak NG has no voice \"%1\"").arg(voice);
+}
+
+QString speechFailed(const QString& voice, int code)
+{
+    return QStringLiteral("eSpeak NG failed with the voice \"%1\" (error %2)").arg(voice).arg(code);
+}
+
+QString speechUnavailable(const QString& language, const QString& reason)
+{
+    return QStringLiteral("Words of %1 without a recording cannot be spoken: %2. They stay silent; check the voice "
+                          "named in voice_%1.dat in the language's folder.")
+        .arg(language, reason);
+}
+
 QString openFailed(const QString& errorText)
 {
     return QStringLiteral("An error occured opening the sound file.\r\n") + errorText;

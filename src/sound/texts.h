@@ -7,6 +7,20 @@ namespace quorvane::sound_texts {
 
 // The caption of the main window's sound label while a sound number is said.
 QString fileNumberCaption(const QString& soundNumber);
+// The caption while a word without a recording is spoken by the synthesizer.
+QString synthesizedCaption(const QString& soundNumber);
+inline const QString kSynthesizedMark = QStringLiteral(" (synthesized)");
+// The checkable menu item that switches speech for words without recordings.
+inline const QString kSpeakMissingWords = QStringLiteral("Speak words without recordings");
+// Why the synthesizer cannot speak.
+inline const QString kSpeechDataMissing =
+    QStringLiteral("the eSpeak NG voice data (package espeak-ng-data) was not found");
+QString speechRateUnexpected(int rate);
+QString voiceMissing(const QString& voice);
+QString speechFailed(const QString& voice, int code);
+// Told once per voice and session; the words stay silent.
+QString speechUnavailable(const QString& language, const QString& reason);
+
 // A sample that could not be loaded or played, with the library's explanation of its error.
 QString openFailed(const QString& errorText);
 QString playFailed(const QString& errorText);

@@ -2,6 +2,7 @@
 
 #include "core/prompts.h"
 #include "core/session.h"
+#include "sound/speech_voices.h"
 #include "store/paths.h"
 #include "store/search_texts.h"
 #include "store/text_files.h"
@@ -233,6 +234,11 @@ bool new_language(Session& session)
     }
     if (!writeNew(prompts, staged.folder(name), newFolder, QFileInfo(paths::transFile(languages, name)).fileName(),
                   {target}))
+        return false;
+    // A name the voice table knows gets its voice file, so its words are spoken before any recording.
+    if (const QString voice = table_voice(name);
+        !voice.isEmpty() &&
+        !writeNew(prompts, staged.folder(name), newFolder, QFileInfo(voice_file(languages, name)).fileName(), {voice}))
         return false;
     return staged.place(prompts, name);
 }

@@ -111,6 +111,22 @@ void FakeClock::at(double delay, std::function<void()> action)
     m_actions.emplace(now + delay, std::move(action));
 }
 
+// ---- FakeSpeech
+
+std::optional<QByteArray> FakeSpeech::synthesize(const QString& voice, const QString& text, QString* error)
+{
+    spoken.append(voice + u':' + text);
+    if (!failure.isEmpty() || !voices.contains(voice)) {
+        if (error)
+            *error = failure.isEmpty() ? QStringLiteral("no voice ") + voice : failure;
+        return std::nullopt;
+    }
+    QByteArray pcm(kSpeechRate, '\0'); // half a second of 16-bit samples
+    for (qsizetype i = 0; i < pcm.size(); i += 2)
+        pcm[i + 1] = char((i / 2) % 50 < 25 ? 0x20 : 0xE0);
+    return pcm;
+}
+
 // ---- FakeSound
 
 FakeSound::FakeSound() = default;
@@ -149,6 +165,18 @@ int FakeSound::sampleLoad(int index, const QString& path, unsigned mode, int off
     }
     const int handle = m_nextSample++;
     m_samples.insert(handle, {path, {}, static_cast<int>(std::lround(durations.value(path, 1.0) * kFakeRate))});
+    error = 0;
+    return handle;
+}
+
+int FakeSound::sampleLoadPcm(const QString& name, const QByteArray& pcm16Mono, int frequency)
+{
+    if (loadError != 0) {
+        error = loadError;
+        return 0;
+    }
+    const int handle = m_nextSample++;
+    m_samples.insert(handle, {name, pcm16Mono, int(pcm16Mono.size() / 2 * kFakeRate / qMax(frequency, 1))});
     error = 0;
     return handle;
 }

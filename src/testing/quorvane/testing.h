@@ -6,6 +6,7 @@
 #include "core/clock.h"
 #include "core/prompts.h"
 #include "core/sound_library.h"
+#include "core/speech.h"
 
 #include <QByteArray>
 #include <QDateTime>
@@ -26,7 +27,7 @@ namespace quorvane {
 class Session;
 
 QWidget* start(const QString& programFolder, Prompts* prompts = nullptr, SoundLibrary* sound = nullptr,
-               Clock* clock = nullptr);
+               Clock* clock = nullptr, SpeechSynthesizer* speech = nullptr);
 Session& sessionOf(QWidget* window);
 
 struct ShownBox
@@ -116,6 +117,8 @@ public:
     int getError() override { return error; }
 
     int sampleLoad(int index, const QString& path, unsigned mode, int offset, int length) override;
+    // Records name as the sample's path ("speech:<voice>:<text>" for a spoken word).
+    int sampleLoadPcm(const QString& name, const QByteArray& pcm16Mono, int frequency) override;
     int sampleAlloc(int index, int length, unsigned mode, int defaultFrequency, int defaultVolume, int defaultPan,
                     int defaultPriority) override;
     void sampleFree(int sample) override;
@@ -163,6 +166,19 @@ private:
     double m_recordStarted = 0.0;
     int m_recordStoppedAt = -1;
     Clock* m_clock = nullptr;
+};
+
+// A synthesizer without eSpeak NG: the voices listed exist; a text comes out as half a second of
+// a tone (or fails with failure when that is set); spoken lists "<voice>:<text>" of every call.
+class FakeSpeech : public SpeechSynthesizer
+{
+public:
+    bool hasVoice(const QString& voice) override { return voices.contains(voice); }
+    std::optional<QByteArray> synthesize(const QString& voice, const QString& text, QString* error) override;
+
+    QStringList voices;
+    QString failure;
+    QStringList spoken;
 };
 
 // The visible top-level widget with that objectName, or null.
