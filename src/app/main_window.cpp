@@ -170,6 +170,9 @@ void MainWindow::buildMenus()
         return action;
     };
     QMenu* file = addMenu(QStringLiteral("File"));
+    import_list = addItem(file, QStringLiteral("import_list"));
+    export_list = addItem(file, QStringLiteral("export_list"));
+    file->addSeparator();
     Exit = addItem(file, QStringLiteral("Exit"));
     QMenu* instructions = addMenu(QStringLiteral("Instructions1"));
     Instructions2 = addItem(instructions, QStringLiteral("Instructions2"));
@@ -195,6 +198,8 @@ void MainWindow::wireHandlers()
     connect(toggle_font, &QPushButton::clicked, this, &MainWindow::toggle_font_click);
     connect(exit_program, &QPushButton::clicked, this, &MainWindow::exit_program_click);
     connect(Exit, &QAction::triggered, this, &MainWindow::Exit_click);
+    connect(import_list, &QAction::triggered, this, &MainWindow::import_list_click);
+    connect(export_list, &QAction::triggered, this, &MainWindow::export_list_click);
     connect(Instructions2, &QAction::triggered, this, &MainWindow::Instructions2_click);
     connect(Help2, &QAction::triggered, this, &MainWindow::Help2_click);
     connect(Troubleshooting, &QAction::triggered, this, &MainWindow::Troubleshooting_click);

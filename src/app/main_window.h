@@ -152,6 +152,20 @@ public:
 
 private:
     MasterCache m_masterCache;
+
+    // Importing and exporting word lists (main_window_exchange.cpp).
+public slots:
+    // Imports a CSV/TSV, KVTML or Anki package file as a new list of the current language, then
+    // shows that list.
+    void import_word_list(const QString& path);
+    // Exports the current list to a CSV or KVTML file (by the extension of path).
+    void export_word_list(const QString& path);
+    void import_list_click();
+    void export_list_click();
+
+public:
+    QAction* import_list;
+    QAction* export_list;
 };
 
 } // namespace quorvane
