@@ -6,6 +6,7 @@
 #include "exchange/csv_reader.h"
 #include "exchange/kvtml.h"
 #include "exchange/word_import.h"
+#include "sound/sound_files.h"
 #include "store/file_faults.h"
 #include "widgets/qt_prompts.h"
 
@@ -87,8 +88,13 @@ struct ExchangeImport : CoreTest
         folder.write("languages/spanish/master_spanish.txt", "casa|house|01000\r\n");
         folder.write("in/perro.mp3", kMp3);
         folder.write("in/gato.wav", "RIFF not really a wave");
+        const QByteArray samples = test::patternBytes(8820);
+        folder.write("in/pez.wav", "RIFF" + four_byte_text(36 + samples.size()) + "WAVEfmt " + four_byte_text(16) +
+                                       QByteArray("\x01\x00\x01\x00", 4) + four_byte_text(22050) +
+                                       four_byte_text(44100) + QByteArray("\x02\x00\x10\x00", 4) + "data" +
+                                       four_byte_text(samples.size()) + samples);
         folder.write("in/words.csv", "Word,Translation,Audio\r\ncasa,house,\r\nperro,dog,perro.mp3\r\n"
-                                     "gato,cat,gato.wav\r\nnada,\r\n");
+                                     "gato,cat,gato.wav\r\nnada,\r\npez,fish,pez.wav\r\n");
     }
     QByteArray language(const QString& relative) const { return folder.read("languages/spanish/" + relative); }
 };
@@ -96,14 +102,19 @@ struct ExchangeImport : CoreTest
 TEST_F(ExchangeImport, CsvBecomesANewListWithNewNumbersAndItsMp3Audio)
 {
     ASSERT_EQ(import_word_list(session, folder.file("in/words.csv"), nullptr), QString("words"));
-    const QByteArray entries = "casa|house|01000\r\nperro|dog|70000\r\ngato|cat|70001\r\n";
+    const QByteArray entries = "casa|house|01000\r\nperro|dog|70000\r\ngato|cat|70001\r\npez|fish|70002\r\n";
     EXPECT_EQ(language("words.txt"), entries);
     EXPECT_EQ(language("master_spanish.txt"), entries);
-    EXPECT_EQ(language("highest_num.dat"), " 70002\r\n");
+    EXPECT_EQ(language("highest_num.dat"), " 70003\r\n");
     EXPECT_EQ(language("70/70000.mp3"), kMp3);
     EXPECT_FALSE(folder.exists("languages/spanish/70/70001.mp3"));
+    // The WAV is encoded to MPEG audio frames: a frame sync first, and far fewer bytes than its samples.
+    const QByteArray encoded = language("70/70002.mp3");
+    ASSERT_GT(encoded.size(), 100);
+    EXPECT_EQ(encoded.left(2).toHex(), "fff3");
+    EXPECT_LT(encoded.size(), 8820 / 4);
     ASSERT_EQ(prompts.shown.size(), 1);
-    EXPECT_EQ(prompts.shown[0].text, "Imported 3 entries into the list words, 1 of them with audio.\n"
+    EXPECT_EQ(prompts.shown[0].text, "Imported 4 entries into the list words, 2 of them with audio.\n"
                                      "Characters a word list cannot hold, replaced by \"?\": 0.\n"
                                      "Lines skipped: 1.\nWords imported without their audio: 1.\n"
                                      "  line 5: no translation\n  gato.wav: the audio cannot be converted to MP3");
@@ -115,7 +126,7 @@ TEST_F(ExchangeImport, CsvBecomesANewListWithNewNumbersAndItsMp3Audio)
               "inputThe language spanish already has a list named words. What should the new list be called?");
     EXPECT_EQ(language("words_again.txt"), entries);
     EXPECT_EQ(language("master_spanish.txt"), entries);
-    EXPECT_EQ(language("highest_num.dat"), " 70002\r\n");
+    EXPECT_EQ(language("highest_num.dat"), " 70003\r\n");
 }
 
 TEST_F(ExchangeImport, CancelOrAFailedWriteLeavesEveryFileAsItWas)
@@ -130,8 +141,8 @@ TEST_F(ExchangeImport, CancelOrAFailedWriteLeavesEveryFileAsItWas)
     ASSERT_TRUE(batch);
     ImportSummary summary;
     EXPECT_EQ(commit_import(session, "words", *batch, &cancel, &summary, &error), ImportOutcome::Cancelled);
-    // The third rename is the counter's, after the recording's and the list's (the master is appended to).
-    file_faults::failAt(file_faults::Step::rename, 3, ENOSPC);
+    // The fourth rename is the counter's, after the two recordings' and the list's (the master is appended to).
+    file_faults::failAt(file_faults::Step::rename, 4, ENOSPC);
     EXPECT_EQ(commit_import(session, "words", *batch, nullptr, &summary, &error), ImportOutcome::Failed);
     file_faults::reset();
     EXPECT_TRUE(error.contains("highest_num.dat")) << error.toStdString();
@@ -139,6 +150,7 @@ TEST_F(ExchangeImport, CancelOrAFailedWriteLeavesEveryFileAsItWas)
     EXPECT_EQ(language("highest_num.dat"), " 70100\r\n");
     EXPECT_FALSE(folder.exists("languages/spanish/words.txt"));
     EXPECT_FALSE(folder.exists("languages/spanish/70/70100.mp3"));
+    EXPECT_FALSE(folder.exists("languages/spanish/70/70102.mp3"));
 }
 
 TEST_F(ExchangeImport, AnkiPackagesAndPackagesThatCannotBeRead)

@@ -3,17 +3,13 @@
 #include "exchange/imported_words.h"
 #include "exchange/texts.h"
 #include "sound/cipher.h"
+#include "sound/mp3_encoder.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <SDL.h>
 #include <SDL_mixer.h>
-
-#if __has_include("sound/mp3_encoder.h")
-#include "sound/mp3_encoder.h"
-#define QUORVANE_HAS_MP3_ENCODER 1
-#endif
 
 namespace quorvane {
 
@@ -72,18 +68,6 @@ std::optional<Decoded> decode(const QByteArray& bytes)
     return Decoded{*samples, frequency};
 }
 
-std::optional<QByteArray> encode(const QByteArray& samples, int rate, QString* cause)
-{
-#ifdef QUORVANE_HAS_MP3_ENCODER
-    return encodeMp3(samples, rate, cause);
-#else
-    Q_UNUSED(samples);
-    Q_UNUSED(rate);
-    *cause = exchange_texts::kUnreadableAudio;
-    return std::nullopt;
-#endif
-}
-
 } // namespace
 
 std::optional<QByteArray> audioAsMp3(const QByteArray& bytes, QString* cause)
@@ -95,7 +79,7 @@ std::optional<QByteArray> audioAsMp3(const QByteArray& bytes, QString* cause)
         *cause = exchange_texts::kUnreadableAudio;
         return std::nullopt;
     }
-    return encode(decoded->samples, decoded->rate, cause);
+    return encodeMp3(decoded->samples, decoded->rate, cause);
 }
 
 std::optional<QByteArray> newRecordingAsMp3(const QString& strPath, QString* cause)
@@ -107,7 +91,7 @@ std::optional<QByteArray> newRecordingAsMp3(const QString& strPath, QString* cau
         *cause = exchange_texts::kUnreadableAudio;
         return std::nullopt;
     }
-    return encode(samples.readAll(), kRecordingRate, cause);
+    return encodeMp3(samples.readAll(), kRecordingRate, cause);
 }
 
 } // namespace quorvane
