@@ -159,13 +159,15 @@ ImportOutcome commit_import(const Session& session, const QString& list, const I
     QStringList masterLines;
     QList<QPair<QString, QByteArray>> recordings;
     QSet<QString> recorded;
+    QSet<QString> recordingFolders;
     listLines.reserve(batch.words.size());
     for (const ImportedWord& imported : batch.words) {
         const QString word = fitToWordFile(imported.word, &summary->replaced);
         const QString translation = fitToWordFile(imported.translation, &summary->replaced);
         const QString key = word + u'|' + translation;
         QString number = numbers.value(key);
-        if (number.isEmpty()) {
+        const bool fresh = number.isEmpty();
+        if (fresh) {
             if (next > kMaxSoundNumber) {
                 *error = exchange_texts::kNoSoundNumbersLeft;
                 return ImportOutcome::Failed;
@@ -178,8 +180,10 @@ ImportOutcome commit_import(const Session& session, const QString& list, const I
         ++summary->imported;
         if (imported.audio.isEmpty())
             continue;
+        // A number handed out now has no recording yet (a file there is a leftover); an entry of the
+        // master keeps the recording it has.
         const QString recording = paths::releasedRecording(folder, language, number);
-        if (recorded.contains(recording) || QFileInfo::exists(recording)) {
+        if (recorded.contains(recording) || (!fresh && QFileInfo::exists(recording))) {
             ++summary->withAudio;
             continue;
         }
@@ -191,6 +195,7 @@ ImportOutcome commit_import(const Session& session, const QString& list, const I
             continue;
         }
         recorded.insert(recording);
+        recordingFolders.insert(QFileInfo(recording).absolutePath());
         recordings.append({recording, *mp3});
         ++summary->withAudio;
     }
@@ -202,17 +207,21 @@ ImportOutcome commit_import(const Session& session, const QString& list, const I
         *summary = ImportSummary{list, 0, 0, summary->replaced, summary->skipped, summary->audioLost, summary->reasons};
         return outcome;
     };
-    for (qsizetype i = 0; i < recordings.size(); ++i) {
-        const auto& [path, bytes] = recordings.at(i);
-        QDir().mkpath(QFileInfo(path).absolutePath());
-        if (!writeBytes(path, bytes, error)) {
-            *error = exchange_texts::cannotWrite(path, *error);
-            return fail(ImportOutcome::Failed);
-        }
-        rollback.made.append(path);
-        if (progress && !progress->advance(i + 1, total))
+    for (const QString& recordingFolder : std::as_const(recordingFolders))
+        QDir().mkpath(recordingFolder);
+    bool cancelled = false;
+    const auto advance = [&](qsizetype done) {
+        cancelled = progress && !progress->advance(done, total);
+        return !cancelled;
+    };
+    if (!writeFiles(recordings, error, advance)) {
+        if (cancelled)
             return fail(ImportOutcome::Cancelled);
+        *error = exchange_texts::cannotWrite(paths::languageFolder(folder, language), *error);
+        return fail(ImportOutcome::Failed);
     }
+    for (const auto& recording : std::as_const(recordings))
+        rollback.made.append(recording.first);
     if (!writeTextLines(listPath, listLines, error)) {
         *error = exchange_texts::cannotWrite(listPath, *error);
         return fail(ImportOutcome::Failed);

@@ -2,8 +2,10 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QPair>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 namespace quorvane {
@@ -29,6 +31,12 @@ QByteArray encodeLines(const QStringList& lines);
 bool writeTextLines(const QString& path, const QStringList& lines, QString* error = nullptr);
 // Replaces a file by these bytes, atomically, as writeTextLines does.
 bool writeBytes(const QString& path, const QByteArray& bytes, QString* error = nullptr);
+// Writes many files, each as writeBytes does, but with one sync of the file system for them all
+// instead of two per file: for an import of thousands of recordings. All or nothing: a failure
+// removes every file it wrote. progress, where given, hears the count written after each file and
+// cancels by answering false (false is then given with error cleared).
+bool writeFiles(const QList<QPair<QString, QByteArray>>& files, QString* error = nullptr,
+                const std::function<bool(qsizetype)>& progress = {});
 // Appends these lines to a file, creating it when it does not exist, all or nothing: a write or
 // sync that fails cuts the file back to its old length (a file it made is removed). A file whose
 // last line has no end (a fragment left by a crash) gets CR LF first, so no line is glued onto it.
