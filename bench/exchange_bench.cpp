@@ -73,7 +73,8 @@ void BM_ImportAnki5000NotesWithAudio(benchmark::State& state)
     QList<test::AnkiMedia> media;
     for (int i = 0; i < kNotes; ++i) {
         const QString name = QStringLiteral("w%1.mp3").arg(i);
-        notes.append({QStringLiteral("<b>palabra %1</b>[sound:%2]").arg(i).arg(name), QStringLiteral("word %1").arg(i)});
+        notes.append(
+            {QStringLiteral("<b>palabra %1</b>[sound:%2]").arg(i).arg(name), QStringLiteral("word %1").arg(i)});
         media.append({name, mp3Bytes(i)});
     }
     if (!test::writeAnkiPackage(input.filePath("deck.apkg"), notes, media))

@@ -44,8 +44,9 @@ TEST(ExchangeText, CsvQuotingSeparatorsEncodingsAndBrokenRecords)
     EXPECT_EQ(decodeImportedText("ni\xF1o \x80"), QString::fromUtf8("ni\xC3\xB1o \xE2\x82\xAC"));
 
     int replaced = 0;
-    EXPECT_EQ(fitToWordFile(QString::fromUtf8(" caf\xC3\xA9 | \xE2\x82\xAC\xE4\xB8\xAD\xF0\x9F\x98\x80\tx\n"), &replaced),
-              QString::fromUtf8("caf\xC3\xA9 / \xE2\x82\xAC?? x"));
+    EXPECT_EQ(
+        fitToWordFile(QString::fromUtf8(" caf\xC3\xA9 | \xE2\x82\xAC\xE4\xB8\xAD\xF0\x9F\x98\x80\tx\n"), &replaced),
+        QString::fromUtf8("caf\xC3\xA9 / \xE2\x82\xAC?? x"));
     EXPECT_EQ(replaced, 3);
     EXPECT_EQ(stripHtml("<div>perro&nbsp;&amp; gato</div><br/>&#233;t&#xE9; &bogus; <b>x</b>"),
               QString::fromUtf8("perro & gato \xC3\xA9t\xC3\xA9 &bogus; x"));
@@ -155,18 +156,17 @@ TEST_F(ExchangeImport, CancelOrAFailedWriteLeavesEveryFileAsItWas)
 
 TEST_F(ExchangeImport, AnkiPackagesAndPackagesThatCannotBeRead)
 {
-    ASSERT_TRUE(test::writeAnkiPackage(folder.file("in/deck.apkg"),
-                                       {{"<b>perro</b>[sound:perro.mp3]", "dog&nbsp;"},
-                                        {"gato", "cat [sound:none.mp3]", "extra"},
-                                        {"solo"}},
-                                       {{"perro.mp3", kMp3}}));
+    ASSERT_TRUE(test::writeAnkiPackage(
+        folder.file("in/deck.apkg"),
+        {{"<b>perro</b>[sound:perro.mp3]", "dog&nbsp;"}, {"gato", "cat [sound:none.mp3]", "extra"}, {"solo"}},
+        {{"perro.mp3", kMp3}}));
     ASSERT_EQ(import_word_list(session, folder.file("in/deck.apkg"), nullptr), QString("deck"));
     EXPECT_EQ(language("deck.txt"), "perro|dog|70000\r\ngato|cat|70001\r\n");
     EXPECT_EQ(language("70/70000.mp3"), kMp3);
     EXPECT_TRUE(prompts.shown.last().text.contains("Lines skipped: 1.\nWords imported without their audio: 1."));
 
-    ASSERT_TRUE(test::writeAnkiPackage(folder.file("in/bare.colpkg"), {{"uno", "one [sound:1.mp3]"}}, {}, "collection.anki21",
-                                       false));
+    ASSERT_TRUE(test::writeAnkiPackage(folder.file("in/bare.colpkg"), {{"uno", "one [sound:1.mp3]"}}, {},
+                                       "collection.anki21", false));
     ASSERT_EQ(import_word_list(session, folder.file("in/bare.colpkg"), nullptr), QString("bare"));
     EXPECT_EQ(language("bare.txt"), "uno|one|70002\r\n");
 
@@ -178,8 +178,8 @@ TEST_F(ExchangeImport, AnkiPackagesAndPackagesThatCannotBeRead)
         const auto before = prompts.shown.size();
         EXPECT_FALSE(import_word_list(session, folder.file("in/" + name), nullptr));
         ASSERT_EQ(prompts.shown.size(), before + 1);
-        EXPECT_TRUE(prompts.shown.last().text.startsWith("The file " + folder.file("in/" + name) +
-                                                         " could not be imported: "));
+        EXPECT_TRUE(
+            prompts.shown.last().text.startsWith("The file " + folder.file("in/" + name) + " could not be imported: "));
     }
     EXPECT_TRUE(prompts.shown[2].text.contains("Support older Anki versions"));
     EXPECT_EQ(QDir(folder.file("languages/spanish")).entryList(QDir::Files),
@@ -208,8 +208,9 @@ TEST_F(ExchangeWindow, ImportedWordsPlayTheirAudioAndExportsReimportIdentically)
 
     prompts.push(true);
     main()->export_word_list(folder.file("out/words.csv"));
-    EXPECT_EQ(folder.read("out/words.csv"), "word,translation,sound number,audio\r\nperro,dog,70000,words_audio/perro.mp3\r\n"
-                                            "\"gato, el\",cat,70001,\r\n");
+    EXPECT_EQ(folder.read("out/words.csv"),
+              "word,translation,sound number,audio\r\nperro,dog,70000,words_audio/perro.mp3\r\n"
+              "\"gato, el\",cat,70001,\r\n");
     EXPECT_EQ(folder.read("out/words_audio/perro.mp3"), kMp3);
     prompts.push(false);
     main()->export_word_list(folder.file("out/words.kvtml"));
@@ -262,7 +263,8 @@ TEST(ExchangeRealBoxes, ImportMenuAsksForTheFileAndSumsUp)
     answer.start(10);
     QTimer::singleShot(0, main->import_list, &QAction::trigger);
     loop.exec();
-    EXPECT_TRUE(summary.startsWith("Imported 1 entries into the list words, 0 of them with audio.")) << summary.toStdString();
+    EXPECT_TRUE(summary.startsWith("Imported 1 entries into the list words, 0 of them with audio."))
+        << summary.toStdString();
     EXPECT_EQ(program.folder.read("languages/spanish/words.txt"), "uno|one|70000\r\n");
 }
 

@@ -70,9 +70,9 @@ void MainWindow::import_list_click()
 
 void MainWindow::export_list_click()
 {
-    const QString path = QFileDialog::getSaveFileName(this, exchange_texts::kExportTitle,
-                                                      m_session->current_list + QStringLiteral(".csv"),
-                                                      exchange_texts::kExportFilter);
+    const QString path =
+        QFileDialog::getSaveFileName(this, exchange_texts::kExportTitle,
+                                     m_session->current_list + QStringLiteral(".csv"), exchange_texts::kExportFilter);
     if (!path.isEmpty())
         export_word_list(path);
 }

@@ -114,7 +114,9 @@ std::optional<KvtmlFile> parseKvtml(const QByteArray& bytes, QString* error)
     }
     if (xml.hasError()) {
         if (error)
-            *error = QStringLiteral("%1 (%2, line %3)").arg(exchange_texts::kNotKvtml, xml.errorString()).arg(xml.lineNumber());
+            *error = QStringLiteral("%1 (%2, line %3)")
+                         .arg(exchange_texts::kNotKvtml, xml.errorString())
+                         .arg(xml.lineNumber());
         return std::nullopt;
     }
     return file;

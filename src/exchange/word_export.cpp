@@ -42,8 +42,8 @@ QString audioFileName(const QString& word, QSet<QString>& taken)
 
 QString csvField(const QString& field)
 {
-    const bool quote = field.contains(u',') || field.contains(u'"') || field.contains(u'\n') ||
-                       field.contains(u'\r') || field.contains(u'\t') || field.contains(u';') ||
+    const bool quote = field.contains(u',') || field.contains(u'"') || field.contains(u'\n') || field.contains(u'\r') ||
+                       field.contains(u'\t') || field.contains(u';') ||
                        (!field.isEmpty() && (field.front().isSpace() || field.back().isSpace()));
     if (!quote)
         return field;

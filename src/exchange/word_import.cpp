@@ -85,9 +85,10 @@ std::optional<ImportBatch> readBatch(Session& session, const QString& path, QStr
         QStringList names;
         for (const KvtmlLesson& each : parsed->lessons)
             names.append(each.name);
-        const QString answer = session.prompts.input(exchange_texts::chooseLesson(names), exchange_texts::kLessonTitle,
-                                                     exchange_texts::kAllLessons)
-                                   .trimmed();
+        const QString answer =
+            session.prompts
+                .input(exchange_texts::chooseLesson(names), exchange_texts::kLessonTitle, exchange_texts::kAllLessons)
+                .trimmed();
         bool isNumber = false;
         const int number = answer.toInt(&isNumber);
         if (answer.isEmpty()) {

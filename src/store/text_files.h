@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QByteArray>
-#include <QString>
 #include <QPair>
+#include <QString>
 #include <QStringList>
 
 #include <functional>
