@@ -9,33 +9,40 @@
 #include <QFileDialog>
 #include <QProgressDialog>
 
+#include <memory>
+
 namespace quorvane {
 
 namespace {
 
-// The progress of an import in a dialog with a Cancel button; it shows itself only when the
-// import lasts long enough to need it.
+// The progress of an import in a dialog with a Cancel button. The dialog is made at the first step
+// still to come (its own timer would otherwise show it over the boxes that follow the import), shows
+// itself when the import lasts long enough to need it, and goes at the last step.
 class DialogProgress : public ImportProgress
 {
 public:
-    DialogProgress(QWidget* parent, const QString& path)
-        : m_dialog(exchange_texts::progressLabel(path), QObject::tr("Cancel"), 0, 0, parent)
-    {
-        m_dialog.setWindowTitle(exchange_texts::kImportTitle);
-        m_dialog.setWindowModality(Qt::WindowModal);
-        m_dialog.setMinimumDuration(500);
-        m_dialog.setAutoClose(false);
-        m_dialog.setAutoReset(false);
-    }
+    DialogProgress(QWidget* parent, const QString& path) : m_parent(parent), m_path(path) {}
     bool advance(qsizetype done, qsizetype total) override
     {
-        m_dialog.setMaximum(static_cast<int>(total));
-        m_dialog.setValue(static_cast<int>(done));
-        return !m_dialog.wasCanceled();
+        if (done >= total) {
+            m_dialog.reset();
+            return true;
+        }
+        if (!m_dialog) {
+            m_dialog = std::make_unique<QProgressDialog>(exchange_texts::progressLabel(m_path), QObject::tr("Cancel"),
+                                                         0, static_cast<int>(total), m_parent);
+            m_dialog->setWindowTitle(exchange_texts::kImportTitle);
+            m_dialog->setWindowModality(Qt::WindowModal);
+            m_dialog->setMinimumDuration(500);
+        }
+        m_dialog->setValue(static_cast<int>(done));
+        return !m_dialog->wasCanceled();
     }
 
 private:
-    QProgressDialog m_dialog;
+    QWidget* m_parent;
+    QString m_path;
+    std::unique_ptr<QProgressDialog> m_dialog;
 };
 
 } // namespace

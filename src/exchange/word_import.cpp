@@ -205,6 +205,8 @@ ImportOutcome commit_import(const Session& session, const QString& list, const I
     const qsizetype total = recordings.size() + 1;
     auto fail = [&](ImportOutcome outcome) {
         rollback.run();
+        if (progress)
+            progress->advance(total, total);
         *summary = ImportSummary{list, 0, 0, summary->replaced, summary->skipped, summary->audioLost, summary->reasons};
         return outcome;
     };

@@ -11,7 +11,7 @@ namespace quorvane {
 class Session;
 
 // Told how far a long import has come; answers false when the user cancelled it. Called from the
-// thread of the import, between steps.
+// thread of the import, between steps; done equal to total says the import has ended, however.
 class ImportProgress
 {
 public:
