@@ -7,7 +7,7 @@ JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 PACKAGES := cmake ninja-build g++ pkg-config qt6-base-dev libqt6opengl6-dev libgl1-mesa-dev \
 	libsdl2-dev libsdl2-mixer-dev libssl-dev openssl libzip-dev libgtest-dev libbenchmark-dev \
 	ffmpeg sox libsox-fmt-mp3 lame xvfb xauth poppler-utils unzip clang-format fonts-dejavu-core fonts-liberation
-PACKAGES += libespeak-ng-dev espeak-ng-data libmp3lame-dev   # speech for words without a recording
+PACKAGES += libespeak-ng-dev espeak-ng-data espeak-ng libmp3lame-dev   # speech for words without a recording
 PACKAGES += libqt6sql6-sqlite   # importing Anki packages (Qt SQL's SQLite driver)
 
 .PHONY: all setup configure build run test bench lint format clean screenshots
