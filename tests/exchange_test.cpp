@@ -223,6 +223,14 @@ TEST_F(ExchangeWindow, ImportedWordsPlayTheirAudioAndExportsReimportIdentically)
         EXPECT_EQ(folder.read("languages/" + language + "/words.txt"), list) << language.toStdString();
     }
     EXPECT_EQ(folder.read("languages/english/70/70000.mp3"), kMp3);
+
+    // The flash cards of the imported list play the imported recording too.
+    Program::choose(main()->lang_list, "spanish");
+    Program::choose(main()->lists_list, "words");
+    sound.played.clear();
+    pauseAtSound(1);
+    main()->flash_cards_click();
+    EXPECT_EQ(sound.played, QStringList{played("spanish/70/70000.mp3")});
 }
 
 // The File menu's item, its real file dialog and its real summary box, answered inside the event loop.
