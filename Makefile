@@ -11,6 +11,7 @@ PACKAGES += qt6-charts-dev   # spaced review: the progress window's charts
 PACKAGES += desktop-file-utils appstream lintian librsvg2-bin dpkg-dev fakeroot file gzip   # package
 PACKAGES += libtag1-dev dbus dbus-daemon   # hands-free drills: MP3 tags, media keys
 PACKAGES += libespeak-ng-dev espeak-ng-data espeak-ng libmp3lame-dev   # speech for words without a recording
+PACKAGES += libqt6sql6-sqlite   # importing Anki packages (Qt SQL's SQLite driver)
 
 .PHONY: all setup configure build run test bench lint format clean screenshots package
 

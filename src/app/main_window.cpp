@@ -200,6 +200,8 @@ void MainWindow::buildMenus()
         return action;
     };
     QMenu* file = addMenu(QStringLiteral("File"));
+    import_list = addItem(file, QStringLiteral("import_list"));
+    export_list = addItem(file, QStringLiteral("export_list"));
     speak_missing_words = file->addAction(sound_texts::kSpeakMissingWords);
     speak_missing_words->setObjectName(QStringLiteral("speak_missing_words"));
     speak_missing_words->setCheckable(true);
@@ -234,6 +236,8 @@ void MainWindow::wireHandlers()
     connect(toggle_font, &QPushButton::clicked, this, &MainWindow::toggle_font_click);
     connect(exit_program, &QPushButton::clicked, this, &MainWindow::exit_program_click);
     connect(Exit, &QAction::triggered, this, &MainWindow::Exit_click);
+    connect(import_list, &QAction::triggered, this, &MainWindow::import_list_click);
+    connect(export_list, &QAction::triggered, this, &MainWindow::export_list_click);
     connect(Instructions2, &QAction::triggered, this, &MainWindow::Instructions2_click);
     connect(Help2, &QAction::triggered, this, &MainWindow::Help2_click);
     connect(Troubleshooting, &QAction::triggered, this, &MainWindow::Troubleshooting_click);

@@ -183,6 +183,20 @@ private:
     // arraysFresh: the word arrays were just read from the shown file, so they can be counted
     // instead of the unknown file when it is the one shown.
     void showDueCount(bool arraysFresh);
+
+    // Importing and exporting word lists (main_window_exchange.cpp).
+public slots:
+    // Imports a CSV/TSV, KVTML or Anki package file as a new list of the current language, then
+    // shows that list.
+    void import_word_list(const QString& path);
+    // Exports the current list to a CSV or KVTML file (by the extension of path).
+    void export_word_list(const QString& path);
+    void import_list_click();
+    void export_list_click();
+
+public:
+    QAction* import_list;
+    QAction* export_list;
 };
 
 } // namespace quorvane

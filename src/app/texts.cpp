@@ -43,6 +43,8 @@ QString caption(const QString& name)
         {QStringLiteral("exit_program"), QStringLiteral("Exit Program")},
         {QStringLiteral("File"), QStringLiteral("&File")},
         {QStringLiteral("Exit"), QStringLiteral("E&xit")},
+        {QStringLiteral("import_list"), QStringLiteral("&Import Word List...")},
+        {QStringLiteral("export_list"), QStringLiteral("&Export Word List...")},
         {QStringLiteral("Instructions1"), QStringLiteral("&Instructions")},
         {QStringLiteral("Instructions2"), QStringLiteral("Instructions")},
         {QStringLiteral("Help1"), QStringLiteral("&Help")},

@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QScopeGuard>
+#include <QSet>
 
 #include <array>
 #include <atomic>
@@ -355,6 +356,74 @@ bool writeBytes(const QString& path, const QByteArray& bytes, QString* error)
         return fail(code, error);
     }
     syncFolderOf(path);
+    return true;
+}
+
+bool writeFiles(const QList<QPair<QString, QByteArray>>& files, QString* error,
+                const std::function<bool(qsizetype)>& progress)
+{
+    QList<QByteArray> targets;
+    QList<QByteArray> besides;
+    qsizetype renamed = 0;
+    const auto undo = [&] {
+        for (qsizetype i = 0; i < besides.size(); ++i)
+            ::unlink((i < renamed ? targets : besides).at(i).constData());
+    };
+    int code = 0;
+    for (const auto& [path, bytes] : files) {
+        const QByteArray beside = QFile::encodeName(rewriteName(path));
+        const int fd = ::open(beside.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (fd < 0) {
+            code = errno;
+            undo();
+            return fail(code, error);
+        }
+        targets.append(QFile::encodeName(path));
+        besides.append(beside);
+        bool written = writeAll(fd, bytes, &code);
+        if (::close(fd) != 0 && written) {
+            code = errno;
+            written = false;
+        }
+        if (!written) {
+            undo();
+            return fail(code, error);
+        }
+        if (progress && !progress(besides.size())) {
+            undo();
+            if (error)
+                error->clear();
+            return false;
+        }
+    }
+    if (files.isEmpty())
+        return true;
+    // One sync of the whole file system holding the files makes every one of them lasting.
+    const int folder =
+        ::open(QFile::encodeName(QFileInfo(files.first().first).absolutePath()).constData(), O_RDONLY | O_CLOEXEC);
+    code = injectedFault(file_faults::Step::flush);
+    if (code == 0 && (folder < 0 || ::syncfs(folder) != 0))
+        code = errno;
+    if (folder >= 0)
+        ::close(folder);
+    if (code != 0) {
+        undo();
+        return fail(code, error);
+    }
+    for (; renamed < besides.size(); ++renamed) {
+        if (!renameInto(besides.at(renamed), targets.at(renamed), &code)) {
+            undo();
+            return fail(code, error);
+        }
+    }
+    QSet<QString> folders;
+    for (const auto& file : files) {
+        const QString folderPath = QFileInfo(file.first).absolutePath();
+        if (!folders.contains(folderPath)) {
+            folders.insert(folderPath);
+            syncFolderOf(file.first);
+        }
+    }
     return true;
 }
 

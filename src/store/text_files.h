@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QPair>
 #include <QString>
 #include <QStringList>
 
@@ -38,6 +39,12 @@ QByteArray encodeLines(const QStringList& lines);
 bool writeTextLines(const QString& path, const QStringList& lines, QString* error = nullptr);
 // Replaces a file by these bytes, atomically, as writeTextLines does.
 bool writeBytes(const QString& path, const QByteArray& bytes, QString* error = nullptr);
+// Writes many files, each as writeBytes does, but with one sync of the file system for them all
+// instead of two per file: for an import of thousands of recordings. All or nothing: a failure
+// removes every file it wrote. progress, where given, hears the count written after each file and
+// cancels by answering false (false is then given with error cleared).
+bool writeFiles(const QList<QPair<QString, QByteArray>>& files, QString* error = nullptr,
+                const std::function<bool(qsizetype)>& progress = {});
 // Appends these lines to a file, creating it when it does not exist, all or nothing, and never
 // anything but appending: a last line without its end (a fragment left by a crash or a hand edit)
 // gets CR LF first, so no line is glued onto it; a last line ended by a lone CR is already ended.
