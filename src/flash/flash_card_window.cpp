@@ -16,8 +16,8 @@
 #include <QPushButton>
 #include <QResizeEvent>
 
-#include <algorithm>
 #include <QShortcut>
+#include <algorithm>
 
 namespace quorvane {
 
