@@ -9,6 +9,7 @@
 #include "exchange/csv_reader.h"
 #include "exchange/kvtml.h"
 #include "exchange/texts.h"
+#include "store/file_lock.h"
 #include "store/paths.h"
 #include "store/search_texts.h"
 #include "store/text_files.h"
@@ -126,6 +127,12 @@ ImportOutcome commit_import(const Session& session, const QString& list, const I
         *error = exchange_texts::tooManyEntries(static_cast<int>(batch.words.size()), kMaxWordEntries);
         return ImportOutcome::Failed;
     }
+
+    // The master and highest_num are read and written under the language's lock, so a second copy of
+    // the program adding words meanwhile never hands out the same sound numbers.
+    FileLock lock(paths::languageLockFile(folder, language));
+    if (!lock.acquire(error))
+        return ImportOutcome::Failed;
 
     // The master's entries by word and translation, and the next free number.
     QHash<QString, QString> numbers;
