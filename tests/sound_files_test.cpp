@@ -143,22 +143,18 @@ TEST(StrToWav, WritesTheHeaderAndSamplesAndRemovesTheTmpFile)
     EXPECT_EQ(empty.mid(40, 4).toHex(), QByteArray("00000000"));
 }
 
-TEST(SoundErrorText, KnownCodesKeepTheirExactWordingAndOthersAreUnknown)
+TEST(SoundErrorText, CodesUpToNineteenHaveWordsOfTheirOwnAndEveryOtherCodeTheUnknownOnes)
 {
-    const QList<std::pair<int, const char*>> texts = {
-        {0, "No errors"},
-        {1, "Cannot call this command after FSOUND_Init.  Call FSOUND_Close first."},
-        {3, "Error initializing output device."},
-        {6, "Soundcard does not support the features needed for this soundsystem (16bit stereo output)"},
-        {9, "File not found"},
-        {10, "Unknown file format"},
-        {12, "Not enough memory "},
-        {16, "Failed to allocate a new channel"},
-        {17, "Recording is not supported on this machine"},
-        {19, "An error occured trying to open the specified CD device"},
-        {20, "Unknown error"},
-        {-1, "Unknown error"},
-        {1000, "Unknown error"}};
-    for (const auto& [code, text] : texts)
-        EXPECT_EQ(sound_error_text(code), text) << code;
+    const QString unknown = sound_error_text(-1);
+    EXPECT_FALSE(unknown.isEmpty());
+    for (const int code : {20, 1000})
+        EXPECT_EQ(sound_error_text(code), unknown) << code;
+    QStringList seen;
+    for (int code = 0; code < 20; ++code) {
+        const QString text = sound_error_text(code);
+        EXPECT_FALSE(text.trimmed().isEmpty()) << code;
+        EXPECT_NE(text, unknown) << code;
+        EXPECT_FALSE(seen.contains(text)) << code;
+        seen.append(text);
+    }
 }
