@@ -6,32 +6,9 @@
 #include <gtest/gtest.h>
 
 using namespace quorvane;
+using quorvane::test::opensslBlowfish;
 using quorvane::test::patternBytes;
 using quorvane::test::ProgramFolder;
-using quorvane::test::runTool;
-
-namespace {
-
-// The openssl command line over one file with the program's fixed key and vector.
-QByteArray opensslBlowfish(const ProgramFolder& folder, const QString& input, const QString& output, bool decipher)
-{
-    QStringList arguments{"enc"};
-    if (decipher)
-        arguments << "-d";
-    arguments << "-bf-cbc"
-              << "-provider"
-              << "legacy"
-              << "-provider"
-              << "default"
-              << "-K"
-              << "5c1e07a9d3b46f28e90d1a7c3b5f2e84"
-              << "-iv"
-              << "a4d90e3b7c1f6285"
-              << "-in" << folder.file(input) << "-out" << folder.file(output);
-    return runTool("openssl", arguments) == 0 ? folder.read(output) : QByteArray();
-}
-
-} // namespace
 
 TEST(Cipher, AKnownVectorAndFilesThatAgreeWithTheOpensslCommandLine)
 {
