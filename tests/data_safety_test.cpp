@@ -28,17 +28,6 @@ using Step = file_faults::Step;
 
 namespace {
 
-// Every file below the program folder with its bytes, temporary files and locks included.
-QMap<QString, QByteArray> snapshot(const ProgramFolder& folder)
-{
-    QMap<QString, QByteArray> files;
-    for (QDirIterator it(folder.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories); it.hasNext();) {
-        const QString relative = it.next().mid(folder.path().size() + 1);
-        files.insert(relative, folder.read(relative));
-    }
-    return files;
-}
-
 // Runs operate once to count its steps, then again in a fresh program for every one of them, that
 // step failing on a full disk: every file must be as it was and the last box must name the file
 // and the cause. When a file is named afterwards, the last step of each kind writes it, once the
@@ -61,14 +50,14 @@ void failEachStep(const std::function<void(Program&)>& prepare, const std::funct
             SCOPED_TRACE(QString("step %1, number %2").arg(int(step)).arg(nth).toStdString());
             Program p;
             prepare(p);
-            const auto before = snapshot(p.folder);
+            const auto before = p.folder.snapshot();
             p.prompts.shown.clear();
             file_faults::failAt(step, nth, ENOSPC);
             operate(p);
             file_faults::reset();
             const bool last = !afterwards.isEmpty() && nth == counts[static_cast<size_t>(step)];
             if (!last) {
-                EXPECT_EQ(snapshot(p.folder), before);
+                EXPECT_EQ(p.folder.snapshot(), before);
             }
             ASSERT_FALSE(p.prompts.shown.isEmpty());
             const QString said = p.prompts.shown.last().text;
@@ -204,7 +193,7 @@ TEST(DataSafety, ASecondCopyForTheSameStudentIsRefusedAndADeadCopysLockTakenOver
 {
     Program first;
     openCourse(first, 3);
-    const auto before = snapshot(first.folder);
+    const auto before = first.folder.snapshot();
     const auto startAgain = [&](ScriptedPrompts& prompts) {
         FakeSound sound;
         FakeClock clock;
@@ -215,7 +204,7 @@ TEST(DataSafety, ASecondCopyForTheSameStudentIsRefusedAndADeadCopysLockTakenOver
     EXPECT_EQ(startAgain(refused), 0);
     EXPECT_EQ(refused.texts().last(), "Quorvane is already open for kestrin in another window. Please use that window, "
                                       "or close it and start Quorvane again. Nothing was changed.");
-    EXPECT_EQ(snapshot(first.folder), before);
+    EXPECT_EQ(first.folder.snapshot(), before);
 
     // Once the first copy has ended, a lock it left behind (as a killed process does) is taken over.
     first.window.reset();

@@ -221,13 +221,7 @@ TEST_F(Packing, CancelChangesNothingAndOKPacksOneArchivePerRecordingFolderAndThe
     folder.write("languages/spanish/spanish.zip", "an earlier archive");
     folder.write("languages/spanish/food.txt.rewrite.tmp", "casa|ho"); // left by a killed rewrite
     folder.write("languages/spanish/01/01234.mp3", "installed");
-    const auto everything = [this] {
-        QStringList files;
-        for (QDirIterator it(folder.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories); it.hasNext();)
-            files.append(it.next());
-        return files;
-    };
-    const QStringList before = everything();
+    const auto before = folder.snapshot();
     prompts.push(false);
     EXPECT_FALSE(pack_recordings(session));
     ASSERT_EQ(prompts.shown.size(), 2);
@@ -237,7 +231,7 @@ TEST_F(Packing, CancelChangesNothingAndOKPacksOneArchivePerRecordingFolderAndThe
         folder.path() + "/recordings.  "));
     EXPECT_TRUE(prompts.shown[0].text.endsWith("\n\nClick 'OK' to run this function or 'Cancel' to go back."));
     EXPECT_EQ(boxes(prompts)[1], "message||The action has been cancelled.");
-    EXPECT_EQ(everything(), before);
+    EXPECT_EQ(folder.snapshot(), before);
     EXPECT_FALSE(folder.exists("recordings"));
 
     prompts.shown.clear();
@@ -289,32 +283,19 @@ struct Safety : Editing
         folder.write(kLog, "old|line|00001->old|one|00001\r\n");
         folder.write(kHigh, " 70005\r\n");
     }
-    // Every file and folder below the program folder with its bytes; the language locks aside.
-    QMap<QString, QByteArray> snapshot() const
-    {
-        QMap<QString, QByteArray> files;
-        for (QDirIterator it(folder.path(), QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden,
-                             QDirIterator::Subdirectories);
-             it.hasNext();) {
-            const QString relative = it.next().mid(folder.path().size() + 1);
-            if (!relative.endsWith("/.lock"))
-                files.insert(relative, it.fileInfo().isDir() ? QByteArray("<folder>") : folder.read(relative));
-        }
-        return files;
-    }
     // Runs operate with each write, flush and rename failing in turn on a full disk: afterwards the
     // files are as before (with error naming a file and the cause) or as a run without a fault
     // leaves them, and nothing else is there.
     void failEachStep(const std::function<void()>& prepare, const std::function<bool(QString* error)>& operate)
     {
         prepare();
-        const auto before = snapshot();
+        const auto before = folder.snapshot();
         file_faults::reset();
         QString error;
         ASSERT_TRUE(operate(&error)) << error.toStdString();
         const std::array<int, 3> counts = {file_faults::count(Step::write), file_faults::count(Step::flush),
                                            file_faults::count(Step::rename)};
-        const auto done = snapshot();
+        const auto done = folder.snapshot();
         ASSERT_NE(done, before);
         for (const Step step : {Step::write, Step::flush, Step::rename}) {
             for (int nth = 1; nth <= counts[size_t(step)]; ++nth) {
@@ -325,7 +306,7 @@ struct Safety : Editing
                 error.clear();
                 const bool made = operate(&error);
                 file_faults::reset();
-                const auto after = snapshot();
+                const auto after = folder.snapshot();
                 EXPECT_EQ(after, made ? done : before);
                 if (!made) {
                     EXPECT_TRUE(error.contains(folder.path()) && error.contains("the disk is full"))

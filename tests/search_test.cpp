@@ -377,4 +377,7 @@ TEST(Pairing, TheSampleCoursesIndexesAreWhatThePairingWrites)
         const QString index = language + "/trans_index_" + language + "_" + p.session().target_language + ".dat";
         EXPECT_EQ(p.folder.read("languages/" + index), demo(index)) << index.toStdString();
     }
+    // The English master is made for the Spanish course: (nearly) every Spanish entry has a partner.
+    const qsizetype spanish = demo("spanish/master_spanish.txt").count('\n');
+    EXPECT_GE(demo("spanish/trans_index_spanish_english.dat").count('\n') * 10, spanish * 9);
 }

@@ -6,32 +6,9 @@
 #include <gtest/gtest.h>
 
 using namespace quorvane;
+using quorvane::test::opensslBlowfish;
 using quorvane::test::patternBytes;
 using quorvane::test::ProgramFolder;
-using quorvane::test::runTool;
-
-namespace {
-
-// The openssl command line over one file with the program's fixed key and vector.
-QByteArray opensslBlowfish(const ProgramFolder& folder, const QString& input, const QString& output, bool decipher)
-{
-    QStringList arguments{"enc"};
-    if (decipher)
-        arguments << "-d";
-    arguments << "-bf-cbc"
-              << "-provider"
-              << "legacy"
-              << "-provider"
-              << "default"
-              << "-K"
-              << "5c1e07a9d3b46f28e90d1a7c3b5f2e84"
-              << "-iv"
-              << "a4d90e3b7c1f6285"
-              << "-in" << folder.file(input) << "-out" << folder.file(output);
-    return runTool("openssl", arguments) == 0 ? folder.read(output) : QByteArray();
-}
-
-} // namespace
 
 TEST(Cipher, AKnownVectorAndFilesThatAgreeWithTheOpensslCommandLine)
 {
@@ -143,22 +120,18 @@ TEST(StrToWav, WritesTheHeaderAndSamplesAndRemovesTheTmpFile)
     EXPECT_EQ(empty.mid(40, 4).toHex(), QByteArray("00000000"));
 }
 
-TEST(SoundErrorText, KnownCodesKeepTheirExactWordingAndOthersAreUnknown)
+TEST(SoundErrorText, CodesUpToNineteenHaveWordsOfTheirOwnAndEveryOtherCodeTheUnknownOnes)
 {
-    const QList<std::pair<int, const char*>> texts = {
-        {0, "No errors"},
-        {1, "Cannot call this command after FSOUND_Init.  Call FSOUND_Close first."},
-        {3, "Error initializing output device."},
-        {6, "Soundcard does not support the features needed for this soundsystem (16bit stereo output)"},
-        {9, "File not found"},
-        {10, "Unknown file format"},
-        {12, "Not enough memory "},
-        {16, "Failed to allocate a new channel"},
-        {17, "Recording is not supported on this machine"},
-        {19, "An error occured trying to open the specified CD device"},
-        {20, "Unknown error"},
-        {-1, "Unknown error"},
-        {1000, "Unknown error"}};
-    for (const auto& [code, text] : texts)
-        EXPECT_EQ(sound_error_text(code), text) << code;
+    const QString unknown = sound_error_text(-1);
+    EXPECT_FALSE(unknown.isEmpty());
+    for (const int code : {20, 1000})
+        EXPECT_EQ(sound_error_text(code), unknown) << code;
+    QStringList seen;
+    for (int code = 0; code < 20; ++code) {
+        const QString text = sound_error_text(code);
+        EXPECT_FALSE(text.trimmed().isEmpty()) << code;
+        EXPECT_NE(text, unknown) << code;
+        EXPECT_FALSE(seen.contains(text)) << code;
+        seen.append(text);
+    }
 }

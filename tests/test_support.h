@@ -11,8 +11,10 @@
 
 #include <QByteArray>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QMap>
 #include <QProcess>
 #include <QPushButton>
 #include <QString>
@@ -56,6 +58,20 @@ public:
     }
     bool exists(const QString& relative) const { return QFileInfo::exists(file(relative)); }
     void mkdir(const QString& relative) const { QDir().mkpath(file(relative)); }
+    // Every file and folder below, hidden ones too, with its bytes ("<folder>" for a folder); the
+    // language locks, made on first use, aside.
+    QMap<QString, QByteArray> snapshot() const
+    {
+        QMap<QString, QByteArray> files;
+        for (QDirIterator it(path(), QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden,
+                             QDirIterator::Subdirectories);
+             it.hasNext();) {
+            const QString relative = it.next().mid(path().size() + 1);
+            if (!relative.endsWith("/.lock"))
+                files.insert(relative, it.fileInfo().isDir() ? QByteArray("<folder>") : read(relative));
+        }
+        return files;
+    }
 
 private:
     QTemporaryDir m_dir;
@@ -108,6 +124,20 @@ inline int runTool(const QString& program, const QStringList& arguments, QByteAr
     return finished ? process.exitCode() : -1;
 }
 
+// The openssl command line over one file below folder with the program's fixed key and vector: the
+// output file's bytes, or none when it fails.
+inline QByteArray opensslBlowfish(const ProgramFolder& folder, const QString& input,
+                                  const QString& output = "plain.raw", bool decipher = true)
+{
+    QStringList arguments{"enc",       "-bf-cbc",          "-provider", "legacy",
+                          "-provider", "default",          "-K",        "5c1e07a9d3b46f28e90d1a7c3b5f2e84",
+                          "-iv",       "a4d90e3b7c1f6285", "-in",       folder.file(input),
+                          "-out",      folder.file(output)};
+    if (decipher)
+        arguments.insert(1, "-d");
+    return runTool("openssl", arguments) == 0 ? folder.read(output) : QByteArray();
+}
+
 // The texts of a list box, top to bottom.
 inline QStringList items(const QListWidget* box)
 {
@@ -123,17 +153,6 @@ inline QStringList boxes(const ScriptedPrompts& prompts)
     QStringList texts;
     for (const ShownBox& box : prompts.shown)
         texts.append(box.kind + "|" + box.title + "|" + box.text);
-    return texts;
-}
-
-// The captions of the buttons of a window, by name.
-inline QStringList captions(const QWidget* window, const QStringList& names)
-{
-    QStringList texts;
-    for (const QString& name : names) {
-        const auto* button = window->findChild<QPushButton*>(name);
-        texts.append(button ? button->text() : "(no " + name + ")");
-    }
     return texts;
 }
 
