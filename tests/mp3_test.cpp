@@ -1,4 +1,4 @@
-#include "flash/flash_window.h"
+#include "flash/ui/flash_window.h"
 #include "flash/mp3_compile.h"
 #include "sound/sdl_sound.h"
 #include "test_support.h"

@@ -8,7 +8,7 @@
 #include "core/session.h"
 #include "core/sound_library.h"
 #include "core/speech.h"
-#include "sound/sound_error_text.h"
+#include "core/sound_error_text.h"
 #include "sound/sound_files.h"
 #include "sound/spoken_words.h"
 #include "sound/texts.h"

@@ -2,7 +2,7 @@
 
 #include "core/prompts.h"
 #include "core/session.h"
-#include "sound/speech_voices.h"
+#include "store/speech_voices.h"
 #include "store/paths.h"
 #include "store/search_texts.h"
 #include "store/text_files.h"

@@ -1,6 +1,6 @@
-#include "app/start.h"
+#include "app/ui/start.h"
 
-#include "app/main_window.h"
+#include "app/ui/main_window.h"
 #include "app/quit_signals.h"
 #include "core/clock.h"
 #include "core/session.h"

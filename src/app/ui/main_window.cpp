@@ -1,4 +1,4 @@
-#include "app/main_window.h"
+#include "app/ui/main_window.h"
 
 #include "app/texts.h"
 #include "core/flags.h"
@@ -8,7 +8,7 @@
 #include "core/sound_library.h"
 #include "sound/texts.h"
 #include "store/search_texts.h"
-#include "store/start_up.h"
+#include "app/start_up.h"
 #include "widgets/announce_texts.h"
 #include "widgets/controls.h"
 #include "widgets/handler_guard.h"
