@@ -2,9 +2,9 @@
 
 #include "core/prompts.h"
 #include "core/session.h"
+#include "flash/texts.h"
 #include "flash/ui/flash_window.h"
 #include "flash/ui/small_flash_window.h"
-#include "flash/texts.h"
 
 #include <QPointer>
 

@@ -3,9 +3,9 @@
 #include "core/prompts.h"
 #include "core/session.h"
 #include "quiz/results_file.h"
+#include "quiz/texts.h"
 #include "quiz/ui/test_results_window.h"
 #include "quiz/ui/test_window.h"
-#include "quiz/texts.h"
 #include "store/word_files.h"
 
 #include <QDate>

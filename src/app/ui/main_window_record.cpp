@@ -3,8 +3,8 @@
 #include "core/flags.h"
 #include "core/prompts.h"
 #include "core/session.h"
-#include "record/ui/record_window.h"
 #include "record/texts.h"
+#include "record/ui/record_window.h"
 #include "widgets/list_box.h"
 
 namespace quorvane {
