@@ -1,9 +1,9 @@
-#include "app/main_window.h"
+#include "app/ui/main_window.h"
 #include "bench_support.h"
 #include "core/random_index.h"
 #include "core/session.h"
 #include "quiz/quiz_loop.h"
-#include "quiz/test_window.h"
+#include "quiz/ui/test_window.h"
 #include "store/word_files.h"
 #include "widgets/list_box.h"
 

@@ -1,4 +1,4 @@
-#include "app/main_window.h"
+#include "app/ui/main_window.h"
 #include "core/session.h"
 #include "store/search.h"
 #include "store/text_files.h"

@@ -1,4 +1,4 @@
-#include "app/main_window.h"
+#include "app/ui/main_window.h"
 #include "core/session.h"
 #include "store/word_files.h"
 #include "widgets/list_box.h"

@@ -1,5 +1,5 @@
 // Links quorvane_core alone; the test core_links_no_gui checks what this program pulls in.
-#include "sound/sound_error_text.h"
+#include "core/sound_error_text.h"
 
 #include <cstdio>
 

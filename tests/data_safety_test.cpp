@@ -1,6 +1,6 @@
 #include "core/table_limit.h"
-#include "flash/flash_window.h"
-#include "quiz/test_window.h"
+#include "flash/ui/flash_window.h"
+#include "quiz/ui/test_window.h"
 #include "store/file_faults.h"
 #include "store/file_lock.h"
 #include "store/text_files.h"

@@ -1,7 +1,7 @@
 // A new user's first hour: real boxes inside the program's own event loop, signals, the keyboard.
 
-#include "quiz/test_window.h"
-#include "record/record_window.h"
+#include "quiz/ui/test_window.h"
+#include "record/ui/record_window.h"
 #include "store/paths.h"
 #include "store/search.h"
 #include "test_support.h"

@@ -1,6 +1,6 @@
 #include "flash/card_loop.h"
-#include "flash/flash_window.h"
-#include "flash/small_flash_window.h"
+#include "flash/ui/flash_window.h"
+#include "flash/ui/small_flash_window.h"
 #include "test_support.h"
 
 #include <QCoreApplication>

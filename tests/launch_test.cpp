@@ -1,5 +1,5 @@
 #include "app/command_line.h"
-#include "app/program_folder.h"
+#include "app/ui/program_folder.h"
 #include "core/product.h"
 #include "test_support.h"
 #include "widgets/qt_prompts.h"

@@ -1,4 +1,4 @@
-#include "editor/edit_list_window.h"
+#include "editor/ui/edit_list_window.h"
 #include "test_support.h"
 
 #include <QLabel>

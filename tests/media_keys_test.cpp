@@ -1,5 +1,5 @@
-#include "flash/flash_window.h"
-#include "flash/small_flash_window.h"
+#include "flash/ui/flash_window.h"
+#include "flash/ui/small_flash_window.h"
 #include "test_support.h"
 
 #include <QDBusArgument>

@@ -1,5 +1,5 @@
-#include "flash/flash_window.h"
 #include "flash/mp3_compile.h"
+#include "flash/ui/flash_window.h"
 #include "sound/sdl_sound.h"
 #include "test_support.h"
 

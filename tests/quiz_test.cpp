@@ -2,8 +2,8 @@
 #include "quiz/judging.h"
 #include "quiz/quiz_loop.h"
 #include "quiz/results_file.h"
-#include "quiz/test_results_window.h"
-#include "quiz/test_window.h"
+#include "quiz/ui/test_results_window.h"
+#include "quiz/ui/test_window.h"
 #include "store/word_files.h"
 #include "test_support.h"
 

@@ -1,6 +1,6 @@
 #include "core/flags.h"
 #include "record/record_session.h"
-#include "record/record_window.h"
+#include "record/ui/record_window.h"
 #include "sound/cipher.h"
 #include "sound/playback.h"
 #include "sound/recording.h"

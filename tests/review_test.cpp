@@ -1,10 +1,10 @@
-#include "flash/flash_window.h"
-#include "quiz/test_window.h"
+#include "flash/ui/flash_window.h"
+#include "quiz/ui/test_window.h"
 #include "review/progress.h"
-#include "review/progress_window.h"
 #include "review/review_log.h"
 #include "review/scheduler.h"
 #include "review/settings.h"
+#include "review/ui/progress_window.h"
 #include "test_support.h"
 #include "widgets/qt_prompts.h"
 

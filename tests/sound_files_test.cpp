@@ -1,5 +1,5 @@
+#include "core/sound_error_text.h"
 #include "sound/cipher.h"
-#include "sound/sound_error_text.h"
 #include "sound/sound_files.h"
 #include "test_support.h"
 

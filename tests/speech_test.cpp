@@ -1,11 +1,11 @@
-#include "flash/flash_window.h"
-#include "quiz/test_window.h"
+#include "flash/ui/flash_window.h"
+#include "quiz/ui/test_window.h"
 #include "sound/espeak_speech.h"
 #include "sound/mp3_encoder.h"
 #include "sound/playback.h"
 #include "sound/sdl_sound.h"
 #include "sound/speech_cache.h"
-#include "sound/speech_voices.h"
+#include "store/speech_voices.h"
 #include "test_support.h"
 
 #include <QAction>

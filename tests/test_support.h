@@ -3,7 +3,7 @@
 // Helpers shared by the tests: a throw-away program folder with byte-level file access, the program
 // started on the test doubles, a small course with a recording for every word, and running a tool.
 
-#include "app/main_window.h"
+#include "app/ui/main_window.h"
 #include "core/session.h"
 #include "widgets/list_box.h"
 

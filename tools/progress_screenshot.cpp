@@ -3,10 +3,10 @@
 // right as the days go by) and move words to known, then saves the progress window.
 // Usage: quorvane_progress_screenshot OUTPUT_DIR
 
-#include "app/main_window.h"
+#include "app/ui/main_window.h"
 #include "core/session.h"
-#include "quiz/test_window.h"
-#include "review/progress_window.h"
+#include "quiz/ui/test_window.h"
+#include "review/ui/progress_window.h"
 #include "widgets/list_box.h"
 
 #include "quorvane/testing.h"

@@ -4,7 +4,7 @@
 // (--maximised: every window fills the screen; QT_SCALE_FACTOR=2 in the environment draws at double
 // scale).
 
-#include "app/main_window.h"
+#include "app/ui/main_window.h"
 #include "core/session.h"
 #include "widgets/list_box.h"
 

@@ -3,10 +3,10 @@
 #include "core/flags.h"
 #include "core/prompts.h"
 #include "core/session.h"
+#include "core/sound_error_text.h"
 #include "core/sound_library.h"
 #include "sound/cipher.h"
 #include "sound/playback.h"
-#include "sound/sound_error_text.h"
 #include "sound/texts.h"
 #include "store/text_files.h"
 

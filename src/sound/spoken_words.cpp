@@ -4,9 +4,9 @@
 #include "core/session.h"
 #include "core/speech.h"
 #include "sound/mp3_encoder.h"
-#include "sound/speech_voices.h"
 #include "sound/texts.h"
 #include "store/paths.h"
+#include "store/speech_voices.h"
 
 #include <QFileInfo>
 

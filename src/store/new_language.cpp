@@ -2,9 +2,9 @@
 
 #include "core/prompts.h"
 #include "core/session.h"
-#include "sound/speech_voices.h"
 #include "store/paths.h"
 #include "store/search_texts.h"
+#include "store/speech_voices.h"
 #include "store/text_files.h"
 #include "store/word_files.h"
 

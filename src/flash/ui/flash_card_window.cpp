@@ -1,4 +1,4 @@
-#include "flash/flash_card_window.h"
+#include "flash/ui/flash_card_window.h"
 
 #include "core/flags.h"
 #include "core/session.h"

@@ -1,11 +1,11 @@
-#include "app/main_window.h"
+#include "app/ui/main_window.h"
 
 #include "core/prompts.h"
 #include "core/session.h"
 #include "quiz/results_file.h"
-#include "quiz/test_results_window.h"
-#include "quiz/test_window.h"
 #include "quiz/texts.h"
+#include "quiz/ui/test_results_window.h"
+#include "quiz/ui/test_window.h"
 #include "store/word_files.h"
 
 #include <QDate>

@@ -1,11 +1,11 @@
-#include "app/main_window.h"
+#include "app/ui/main_window.h"
 
+#include "app/selection.h"
 #include "app/texts.h"
 #include "core/flags.h"
 #include "core/session.h"
 #include "sound/playback.h"
 #include "store/paths.h"
-#include "store/selection.h"
 #include "store/texts.h"
 #include "store/word_files.h"
 #include "store/word_moves.h"

@@ -1,11 +1,11 @@
 // The record window's editing, list-editor and packing buttons: each reads the two edit boxes and
 // the entry clicked last, and calls the core.
-#include "record/record_window.h"
+#include "record/ui/record_window.h"
 
 #include "core/flags.h"
 #include "core/prompts.h"
 #include "core/session.h"
-#include "editor/edit_list_window.h"
+#include "editor/ui/edit_list_window.h"
 #include "record/editing.h"
 #include "record/editing_texts.h"
 #include "record/packing.h"

@@ -1,10 +1,10 @@
-#include "app/main_window.h"
+#include "app/ui/main_window.h"
 
 #include "core/prompts.h"
 #include "core/session.h"
-#include "flash/flash_window.h"
-#include "flash/small_flash_window.h"
 #include "flash/texts.h"
+#include "flash/ui/flash_window.h"
+#include "flash/ui/small_flash_window.h"
 
 #include <QPointer>
 

@@ -1,7 +1,7 @@
 // quorvane [--folder DIR] [--student NAME]: the program. Without --folder it works in the user's
 // own folder, which gets a copy of the sample course on the first run.
 
-#include "app/program_folder.h"
+#include "app/ui/program_folder.h"
 #include "core/product.h"
 #include "widgets/qt_prompts.h"
 #include "widgets/window_geometry.h"

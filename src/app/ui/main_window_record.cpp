@@ -1,10 +1,10 @@
-#include "app/main_window.h"
+#include "app/ui/main_window.h"
 
 #include "core/flags.h"
 #include "core/prompts.h"
 #include "core/session.h"
-#include "record/record_window.h"
 #include "record/texts.h"
+#include "record/ui/record_window.h"
 #include "widgets/list_box.h"
 
 namespace quorvane {

@@ -1,5 +1,6 @@
-#include "app/main_window.h"
+#include "app/ui/main_window.h"
 
+#include "app/start_up.h"
 #include "app/texts.h"
 #include "core/flags.h"
 #include "core/product.h"
@@ -8,7 +9,6 @@
 #include "core/sound_library.h"
 #include "sound/texts.h"
 #include "store/search_texts.h"
-#include "store/start_up.h"
 #include "widgets/announce_texts.h"
 #include "widgets/controls.h"
 #include "widgets/handler_guard.h"

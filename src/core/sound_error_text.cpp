@@ -1,4 +1,4 @@
-#include "sound/sound_error_text.h"
+#include "core/sound_error_text.h"
 
 #include <array>
 

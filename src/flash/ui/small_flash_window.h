@@ -1,6 +1,6 @@
 #pragma once
 
-#include "flash/flash_card_window.h"
+#include "flash/ui/flash_card_window.h"
 
 namespace quorvane {
 

@@ -1,4 +1,4 @@
-#include "store/selection.h"
+#include "app/selection.h"
 
 #include "core/prompts.h"
 #include "core/session.h"

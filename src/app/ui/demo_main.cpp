@@ -1,8 +1,8 @@
 // quorvane-demo [DIR]: copies the sample course to DIR (default ./quorvane-demo) when DIR does not
 // exist yet, then starts Quorvane with DIR as its program folder.
 
-#include "app/program_folder.h"
-#include "app/start.h"
+#include "app/ui/program_folder.h"
+#include "app/ui/start.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "quiz/test_results_window.h"
+#include "quiz/ui/test_results_window.h"
 
 #include "core/prompts.h"
 #include "core/session.h"

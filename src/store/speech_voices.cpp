@@ -1,4 +1,4 @@
-#include "sound/speech_voices.h"
+#include "store/speech_voices.h"
 
 #include "store/paths.h"
 #include "store/text_files.h"

@@ -1,4 +1,4 @@
-#include "review/progress_window.h"
+#include "review/ui/progress_window.h"
 
 #include "core/prompts.h"
 #include "core/session.h"

@@ -1,4 +1,4 @@
-#include "flash/small_flash_window.h"
+#include "flash/ui/small_flash_window.h"
 
 #include "flash/texts.h"
 #include "widgets/window_geometry.h"

@@ -1,8 +1,8 @@
-#include "app/program_folder.h"
+#include "app/ui/program_folder.h"
 
 #include "app/command_line.h"
 #include "app/launch_texts.h"
-#include "app/start.h"
+#include "app/ui/start.h"
 #include "store/text_files.h"
 #include "store/texts.h"
 

@@ -1,10 +1,10 @@
-#include "store/start_up.h"
+#include "app/start_up.h"
 
 #include "core/prompts.h"
 #include "core/session.h"
+#include "core/sound_error_text.h"
 #include "core/sound_library.h"
 #include "record/unfinished_work.h"
-#include "sound/sound_error_text.h"
 #include "store/paths.h"
 #include "store/text_files.h"
 #include "store/texts.h"

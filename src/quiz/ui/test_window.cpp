@@ -1,4 +1,4 @@
-#include "quiz/test_window.h"
+#include "quiz/ui/test_window.h"
 
 #include "core/session.h"
 #include "quiz/texts.h"

@@ -1,4 +1,4 @@
-#include "flash/flash_window.h"
+#include "flash/ui/flash_window.h"
 
 #include "core/session.h"
 #include "flash/card_settings.h"

@@ -1,9 +1,9 @@
-#include "app/main_window.h"
+#include "app/ui/main_window.h"
 
+#include "app/start_up.h"
 #include "core/session.h"
 #include "store/new_language.h"
 #include "store/search.h"
-#include "store/start_up.h"
 #include "widgets/list_box.h"
 
 #include <QLineEdit>

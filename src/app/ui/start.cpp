@@ -1,7 +1,7 @@
-#include "app/start.h"
+#include "app/ui/start.h"
 
-#include "app/main_window.h"
 #include "app/quit_signals.h"
+#include "app/ui/main_window.h"
 #include "core/clock.h"
 #include "core/session.h"
 #include "sound/espeak_speech.h"

@@ -1,4 +1,4 @@
-#include "flash/flash_window.h"
+#include "flash/ui/flash_window.h"
 
 #include "core/flags.h"
 #include "core/prompts.h"

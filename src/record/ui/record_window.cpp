@@ -1,4 +1,4 @@
-#include "record/record_window.h"
+#include "record/ui/record_window.h"
 
 #include "core/flags.h"
 #include "core/prompts.h"
