@@ -43,12 +43,18 @@ const QHash<char16_t, char>& encodeTable()
     return table;
 }
 
-char encodeCharacter(QChar character)
+Q_NEVER_INLINE char encodeOutsideLatin1(char16_t code)
+{
+    return encodeTable().value(code, '?');
+}
+
+// Inlined where files are encoded: nearly every character is its own byte.
+inline char encodeCharacter(QChar character)
 {
     const char16_t code = character.unicode();
-    if (code < 0x80 || (code >= 0xA0 && code <= 0xFF))
+    if (code < 0x80 || (code >= 0xA0 && code <= 0xFF)) [[likely]]
         return static_cast<char>(code);
-    return encodeTable().value(code, '?');
+    return encodeOutsideLatin1(code);
 }
 
 } // namespace
