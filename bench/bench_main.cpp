@@ -40,6 +40,8 @@ int main(int argc, char* argv[])
         qputenv("QT_QPA_PLATFORM", "offscreen");
     if (qEnvironmentVariableIsEmpty("SDL_AUDIODRIVER"))
         qputenv("SDL_AUDIODRIVER", "dummy");
+    if (argc == 3 && QString::fromLocal8Bit(argv[1]) == quorvane::bench::kDrawMainWindow)
+        return quorvane::bench::drawMainWindow(argc, argv);
     QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();

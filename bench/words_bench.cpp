@@ -66,6 +66,28 @@ void BM_ListClickFillsBothBoxes(benchmark::State& state)
 }
 BENCHMARK(BM_ListClickFillsBothBoxes)->Arg(30000)->Unit(benchmark::kMillisecond);
 
+// The same from a click on another list of as many entries, none of them shown before: the two
+// lists are clicked in turn.
+void BM_ListClickSwitchingLists(benchmark::State& state)
+{
+    const int entries = static_cast<int>(state.range(0));
+    BenchWindow bench(generatedList(entries));
+    bench::writeFile(bench.folder.path() + "/languages/spanish/other.txt",
+                     generatedList(entries).replace("palabra", "vocablo").replace("word", "term"));
+    MainWindow* main = bench.main();
+    select_row(main->lang_list, main->lang_list->row(main->lang_list->findItems("spanish", Qt::MatchExactly).value(0)));
+    select_row(main->lists_list, 0);
+    select_row(main->lists_list, 1);
+    int row = 0;
+    for (auto _ : state) {
+        select_row(main->lists_list, row);
+        row = 1 - row;
+    }
+    if (main->words_list->count() != entries || main->words_liste->count() != entries)
+        state.SkipWithError("the boxes were not filled");
+}
+BENCHMARK(BM_ListClickSwitchingLists)->Arg(30000)->Unit(benchmark::kMillisecond);
+
 // The first opening of a list: the unknown file is copied from the list, then shown.
 void BM_FirstOpeningOfAList(benchmark::State& state)
 {

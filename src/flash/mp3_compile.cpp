@@ -96,7 +96,7 @@ public:
             QFile::remove(path);
             return true;
         }
-        const bool written = writeBytes(path, tag + m_bytes, error);
+        const bool written = writeBytes(path, QList<QByteArrayView>{tag, m_bytes}, error);
         m_bytes.clear();
         return written;
     }

@@ -15,6 +15,8 @@
 #include <QHash>
 #include <QStringMatcher>
 
+#include <future>
+
 namespace quorvane {
 
 namespace {
@@ -69,26 +71,16 @@ struct MasterCache::Line
     QString accentFree[2]; // word and translation folded; null where the field passes no accent test
 };
 
-MasterCache::MasterCache() = default;
-MasterCache::~MasterCache() = default;
+namespace {
 
-const QList<MasterCache::Line>* MasterCache::lines(const QString& path, QString* error)
+// The master's bytes split into lines and fields, and folded: the costly part of a first search.
+std::unique_ptr<QList<MasterCache::Line>> prepareLines(const QByteArray& bytes)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        if (error)
-            *error = file.errorString();
-        return nullptr;
-    }
-    QByteArray bytes = file.readAll();
-    if (m_lines && path == m_path && bytes == m_bytes)
-        return m_lines.get();
-
-    auto lines = std::make_unique<QList<Line>>();
+    auto lines = std::make_unique<QList<MasterCache::Line>>();
     const QStringList texts = splitLines(decodeWindows1252(bytes));
     lines->reserve(texts.size());
     for (const QString& text : texts) {
-        Line line;
+        MasterCache::Line line;
         const QStringList fields = text.split(u'|');
         line.fieldCount = static_cast<int>(fields.size());
         for (int i = 0; i < 3 && i < line.fieldCount; ++i)
@@ -99,9 +91,71 @@ const QList<MasterCache::Line>* MasterCache::lines(const QString& path, QString*
         }
         lines->append(std::move(line));
     }
+    return lines;
+}
+
+std::optional<QByteArray> readAllOf(const QString& path, QString* error)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        if (error)
+            *error = file.errorString();
+        return std::nullopt;
+    }
+    return file.readAll();
+}
+
+} // namespace
+
+struct MasterCache::Prepared
+{
+    QString path;
+    QByteArray bytes;
+    std::unique_ptr<QList<Line>> lines;
+};
+
+MasterCache::MasterCache() = default;
+
+// A preparation still running is waited for by its future.
+MasterCache::~MasterCache() = default;
+
+void MasterCache::prepareAhead(const QString& path)
+{
+    takePrepared();
+    m_prepared = std::make_unique<Prepared>();
+    m_pending = std::async(std::launch::async, [prepared = m_prepared.get(), path] {
+        if (auto bytes = readAllOf(path, nullptr)) {
+            prepared->lines = prepareLines(*bytes);
+            prepared->bytes = std::move(*bytes);
+            prepared->path = path;
+        }
+    });
+}
+
+void MasterCache::takePrepared()
+{
+    if (!m_pending.valid())
+        return;
+    m_pending.get();
+    const std::unique_ptr<Prepared> prepared = std::move(m_prepared);
+    if (!prepared->lines)
+        return;
+    m_path = std::move(prepared->path);
+    m_bytes = std::move(prepared->bytes);
+    m_lines = std::move(prepared->lines);
+}
+
+const QList<MasterCache::Line>* MasterCache::lines(const QString& path, QString* error)
+{
+    takePrepared();
+    std::optional<QByteArray> bytes = readAllOf(path, error);
+    if (!bytes)
+        return nullptr;
+    if (m_lines && path == m_path && *bytes == m_bytes)
+        return m_lines.get();
+    m_lines = prepareLines(*bytes);
     m_path = path;
-    m_bytes = std::move(bytes);
-    m_lines = std::move(lines);
+    m_bytes = std::move(*bytes);
     return m_lines.get();
 }
 

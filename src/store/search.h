@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <future>
 #include <memory>
 #include <optional>
 
@@ -34,7 +35,17 @@ public:
     // The lines of the master at path as it is now; nothing when it cannot be read (error says why).
     const QList<Line>* lines(const QString& path, QString* error);
 
+    // Starts preparing the master at path on a thread of its own, so that the first search after a
+    // language is chosen finds its lines ready; that search still compares them with the file.
+    void prepareAhead(const QString& path);
+
 private:
+    struct Prepared;
+    void takePrepared();
+
+    // Filled by the preparation under way, which m_pending waits for (it is destroyed first).
+    std::unique_ptr<Prepared> m_prepared;
+    std::future<void> m_pending;
     QString m_path;
     QByteArray m_bytes;
     std::unique_ptr<QList<Line>> m_lines;

@@ -11,6 +11,7 @@
 #include <QScopeGuard>
 #include <QSet>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
@@ -43,12 +44,18 @@ const QHash<char16_t, char>& encodeTable()
     return table;
 }
 
-char encodeCharacter(QChar character)
+Q_NEVER_INLINE char encodeOutsideLatin1(char16_t code)
+{
+    return encodeTable().value(code, '?');
+}
+
+// Inlined where files are encoded: nearly every character is its own byte.
+inline char encodeCharacter(QChar character)
 {
     const char16_t code = character.unicode();
-    if (code < 0x80 || (code >= 0xA0 && code <= 0xFF))
+    if (code < 0x80 || (code >= 0xA0 && code <= 0xFF)) [[likely]]
         return static_cast<char>(code);
-    return encodeTable().value(code, '?');
+    return encodeOutsideLatin1(code);
 }
 
 } // namespace
@@ -168,7 +175,7 @@ bool fail(int code, QString* error)
 }
 
 // Writes every byte, as many calls as it takes; false with *code set otherwise.
-bool writeAll(int fd, const QByteArray& bytes, int* code)
+bool writeAll(int fd, QByteArrayView bytes, int* code)
 {
     const char* data = bytes.constData();
     qsizetype left = bytes.size();
@@ -336,6 +343,11 @@ bool writeTextLines(const QString& path, const QStringList& lines, QString* erro
 
 bool writeBytes(const QString& path, const QByteArray& bytes, QString* error)
 {
+    return writeBytes(path, QList<QByteArrayView>{bytes}, error);
+}
+
+bool writeBytes(const QString& path, const QList<QByteArrayView>& pieces, QString* error)
+{
     const QByteArray target = QFile::encodeName(path);
     const QByteArray beside = QFile::encodeName(rewriteName(path));
     const int fd = ::open(beside.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
@@ -346,7 +358,9 @@ bool writeBytes(const QString& path, const QByteArray& bytes, QString* error)
     if (::stat(target.constData(), &old) == 0)
         ::fchmod(fd, old.st_mode & 07777);
     int code = 0;
-    bool written = writeAll(fd, bytes, &code) && syncToDisk(fd, &code);
+    bool written =
+        std::all_of(pieces.begin(), pieces.end(), [&](QByteArrayView piece) { return writeAll(fd, piece, &code); }) &&
+        syncToDisk(fd, &code);
     if (::close(fd) != 0 && written) {
         code = errno;
         written = false;

@@ -39,6 +39,9 @@ QByteArray encodeLines(const QStringList& lines);
 bool writeTextLines(const QString& path, const QStringList& lines, QString* error = nullptr);
 // Replaces a file by these bytes, atomically, as writeTextLines does.
 bool writeBytes(const QString& path, const QByteArray& bytes, QString* error = nullptr);
+// Replaces a file by these pieces, one after the other, as writeBytes does: for a file put
+// together from parts too large to be copied into one first.
+bool writeBytes(const QString& path, const QList<QByteArrayView>& pieces, QString* error = nullptr);
 // Writes many files, each as writeBytes does, but with one sync of the file system for them all
 // instead of two per file: for an import of thousands of recordings. All or nothing: a failure
 // removes every file it wrote. progress, where given, hears the count written after each file and

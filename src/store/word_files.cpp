@@ -129,7 +129,8 @@ WordArrays parseWordArrays(const QByteArray& bytes, const QString& path, const W
         // each field is decoded straight from the bytes.
         const char* const end = bytes.constData() + bytes.size();
         // Growing the arrays as they fill would copy them again and again.
-        const qsizetype lines = std::min<qsizetype>(bytes.count('\n') + 1, kMaxWordEntries + 1);
+        const qsizetype lines =
+            std::min<qsizetype>(std::count(bytes.begin(), bytes.end(), '\n') + 1, kMaxWordEntries + 1);
         words.reserve(lines);
         translations.reserve(lines);
         soundNumbers.reserve(lines);

@@ -42,65 +42,75 @@ QStringList entriesExcept(const WordArrays& arrays, qsizetype index)
 
 } // namespace
 
-void move_word(Session& session, const QString& targetFile, const QString& sourceFile, int index)
+bool move_word(Session& session, const QString& targetFile, const QString& sourceFile, int index)
 {
     // Rows of an empty selection (-1) or past the arrays name no entry.
     if (index < 0 || index >= session.words.size())
-        return;
+        return false;
     // Arrays of the shown file that is not the source: a known list shown in the flash cards
     // ("Mark Word As Known"), whose word is not among the unknown ones.
     if (session.words_file == session.shown_file && !session.shown_file.isEmpty() && sourceFile != session.shown_file)
-        return;
+        return false;
     const WordEntry entry{session.words.at(index), session.translations.at(index), session.sound_numbers.at(index)};
     if (sourceFile.isEmpty()) {
         session.prompts.message(texts::noListToMoveIn(entry.word));
-        return;
+        return false;
     }
     QString error;
-    const std::optional<WordArrays> source = read_word_file(sourceFile, &error);
+    // The arrays' strings are shared with the entries of the file that are still equal to them.
+    std::optional<WordArrays> source =
+        read_word_file(sourceFile, &error, WordArrays{session.words, session.translations, session.sound_numbers});
     if (!source) {
         session.prompts.message(texts::sourceNotRead(sourceFile, error));
-        return;
+        return false;
     }
     const qsizetype at = findEntry(*source, entry, index);
     if (at < 0) {
         session.prompts.message(texts::wordNotInFile(entry.word, sourceFile));
-        return;
+        return false;
     }
     // The target gains the entry before the source loses it, and the source is replaced in one
     // rename: at every moment the entry is in at least one of the two files.
     // A failure leaves both files as they were.
     review::MoveRecord record(session, index, targetFile);
     if (!record.written())
-        return;
+        return false;
     qint64 targetLength = -1;
     if (!appendTextLines(targetFile, {joinEntry(entry.word, entry.translation, entry.sound_number)}, &error,
                          &targetLength)) {
         session.prompts.message(texts::targetNotWritten(targetFile, error));
-        return;
+        return false;
     }
     if (!writeTextLines(sourceFile, entriesExcept(*source, at), &error)) {
         if (restoreLength(targetFile, targetLength))
             session.prompts.message(texts::sourceNotRewritten(sourceFile, error));
         else
             session.prompts.message(texts::sourceNotWritten(targetFile, sourceFile, error));
-        return;
+        return false;
     }
     record.keep();
     if (session.words_file != sourceFile)
-        return;
-    create_array_of_words(session, sourceFile);
+        return false;
+    // The source now holds exactly the entries it was read with but the one moved: those are what
+    // reading it again would give.
+    source->words.remove(at);
+    source->translations.remove(at);
+    source->sound_numbers.remove(at);
+    session.words = std::move(source->words);
+    session.translations = std::move(source->translations);
+    session.sound_numbers = std::move(source->sound_numbers);
     session.mainView().display_words();
+    return true;
 }
 
-void move_to_known(Session& session, int index)
+bool move_to_known(Session& session, int index)
 {
-    move_word(session, session.known_file, session.unknown_file, index);
+    return move_word(session, session.known_file, session.unknown_file, index);
 }
 
-void move_to_unknown(Session& session, int index)
+bool move_to_unknown(Session& session, int index)
 {
-    move_word(session, session.unknown_file, session.known_file, index);
+    return move_word(session, session.unknown_file, session.known_file, index);
 }
 
 } // namespace quorvane

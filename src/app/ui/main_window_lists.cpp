@@ -56,8 +56,8 @@ void setTextColour(QWidget* widget, QPalette::ColorRole role, const QColor& colo
 
 // Makes a box show texts, as if cleared and filled again: nothing selected afterwards, and no
 // click handler run. Only the rows between the unchanged first and last rows are replaced, so a
-// move, which takes one row out of tens of thousands, costs one row; anything else is refilled in
-// one call with painting held back.
+// move, which takes one row out of tens of thousands, costs one row; anything else is refilled
+// with painting held back.
 void showTexts(ListBox* box, const QStringList& texts)
 {
     const int before = box->count();
@@ -73,8 +73,19 @@ void showTexts(ListBox* box, const QStringList& texts)
     box->setUpdatesEnabled(false);
     box->setUniformItemSizes(true);
     if (first == 0 && last == 0) {
-        box->clear();
-        box->addItems(texts);
+        // The rows there are take the new texts, quietly, and the box is then reset as a cleared
+        // one is: tens of thousands of rows deleted and made again cost more than the texts.
+        const int kept = std::min(before, after);
+        {
+            const QSignalBlocker quietModel(box->model());
+            for (int row = 0; row < kept; ++row)
+                box->item(row)->setText(texts.at(row));
+        }
+        for (int row = before - 1; row >= kept; --row)
+            delete box->takeItem(row);
+        box->addItems(texts.mid(kept));
+        box->reset();
+        box->scrollToTop();
     } else {
         // Rows shifting under the current one must not look like a selection to the box.
         const QSignalBlocker quiet(box);
@@ -99,6 +110,9 @@ void MainWindow::lang_list_click()
         Label9->setVisible(true);
         lists_list->addItems(lists.lists);
         known_lists->addItems(lists.known_lists);
+        // The search boxes just shown are typed into next: their master is made ready meanwhile.
+        if (QFileInfo::exists(m_session->master_file))
+            m_masterCache.prepareAhead(m_session->master_file);
     });
 }
 
@@ -133,9 +147,13 @@ bool MainWindow::showList(ListBox* box, bool known)
     Session& s = *m_session;
     // Opening a known list makes the list's unknown file too when it is missing.
     const bool shown = choose_list(s, selectedText(box), known);
-    words_list->clear();
-    words_liste->clear();
+    // The boxes show the list from its top with nothing selected, as if cleared and filled; rows
+    // whose text stays are kept.
     display_words();
+    for (ListBox* words : {words_list, words_liste}) {
+        words->selectionModel()->reset();
+        words->scrollToTop();
+    }
 
     const int count = s.wordCount();
     Label8->setText(known ? texts::knownWordsCaption(count) : texts::unknownWordsCaption(count));
@@ -205,14 +223,12 @@ void MainWindow::words_list_dblclick()
     guarded([this] {
         Session& s = *m_session;
         const int row = words_list->currentRow();
-        if (s.shown_file.endsWith(paths::kKnownSuffix))
-            move_to_unknown(s, row);
-        else
-            move_to_known(s, row);
+        const bool fresh = s.shown_file.endsWith(paths::kKnownSuffix) ? move_to_unknown(s, row) : move_to_known(s, row);
         // A known file just made is listed now, one just emptied is removed.
         refresh_known_list();
-        // Arrays of anything but the shown file (search results) stay, as do the rows showing them.
-        if (s.words_file == s.shown_file && !s.shown_file.isEmpty())
+        // Arrays of anything but the shown file (search results) stay, as do the rows showing them;
+        // those of the shown file are read again unless the move has just done so.
+        if (!fresh && s.words_file == s.shown_file && !s.shown_file.isEmpty())
             quorvane::create_array_of_words(s, s.shown_file);
 
         // Selecting rows from code runs the word click, which says nothing while the recording
