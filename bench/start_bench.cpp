@@ -1,4 +1,4 @@
-#include "app/program_folder.h"
+#include "app/ui/program_folder.h"
 #include "widgets/qt_prompts.h"
 
 #include "bench_support.h"
