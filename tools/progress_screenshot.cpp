@@ -4,6 +4,7 @@
 // Usage: quorvane_progress_screenshot OUTPUT_DIR
 
 #include "app/ui/main_window.h"
+#include "copy_folder.h"
 #include "core/session.h"
 #include "quiz/ui/test_window.h"
 #include "review/ui/progress_window.h"
@@ -28,19 +29,6 @@
 using namespace quorvane;
 
 namespace {
-
-void copyFolder(const QString& from, const QString& to)
-{
-    QDirIterator it(from, QDir::AllEntries | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        const QString target = to + "/" + QDir(from).relativeFilePath(path);
-        if (it.fileInfo().isDir())
-            QDir().mkpath(target);
-        else
-            QFile::copy(path, target);
-    }
-}
 
 void choose(ListBox* box, const QString& text)
 {

@@ -5,6 +5,7 @@
 // scale).
 
 #include "app/ui/main_window.h"
+#include "copy_folder.h"
 #include "core/session.h"
 #include "widgets/list_box.h"
 
@@ -26,19 +27,6 @@ namespace {
 QString g_output;
 bool g_maximised = false;
 int g_failures = 0;
-
-void copyFolder(const QString& from, const QString& to)
-{
-    QDirIterator it(from, QDir::AllEntries | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        const QString target = to + "/" + QDir(from).relativeFilePath(path);
-        if (it.fileInfo().isDir())
-            QDir().mkpath(target);
-        else
-            QFile::copy(path, target);
-    }
-}
 
 // Virtual time that also moves a little at each reading, as a real timer does between two draws of
 // the test's choices (which the plain virtual clock would give the same for ever).
