@@ -143,11 +143,11 @@ TEST_F(ExchangeImport, CancelOrAFailedWriteLeavesEveryFileAsItWas)
     ASSERT_TRUE(batch);
     ImportSummary summary;
     EXPECT_EQ(commit_import(session, "words", *batch, &cancel, &summary, &error), ImportOutcome::Cancelled);
-    // The fourth rename is the counter's, after the two recordings' and the list's (the master is appended to).
+    // The fourth rename is the list's, after the counter's and the two recordings' (the master is appended to).
     file_faults::failAt(file_faults::Step::rename, 4, ENOSPC);
     EXPECT_EQ(commit_import(session, "words", *batch, nullptr, &summary, &error), ImportOutcome::Failed);
     file_faults::reset();
-    EXPECT_TRUE(error.contains("highest_num.dat")) << error.toStdString();
+    EXPECT_TRUE(error.contains("words.txt")) << error.toStdString();
     EXPECT_EQ(language("master_spanish.txt"), "casa|house|01000\r\n");
     EXPECT_EQ(language("highest_num.dat"), " 70100\r\n");
     EXPECT_FALSE(folder.exists("languages/spanish/words.txt"));

@@ -217,6 +217,15 @@ ImportOutcome commit_import(const Session& session, const QString& list, const I
         *summary = ImportSummary{list, 0, 0, summary->replaced, summary->skipped, summary->audioLost, summary->reasons};
         return outcome;
     };
+    // The sound numbers are taken first and the list is written last: a kill part-way leaves at most
+    // recordings and master lines no list uses yet, and never a number that a later import hands out again.
+    if (next != firstNumber) {
+        rollback.numbersWritten = true;
+        if (!writeTextLines(numberPath, {QStringLiteral(" ") + QString::number(next)}, error)) {
+            *error = exchange_texts::cannotWrite(numberPath, *error);
+            return fail(ImportOutcome::Failed);
+        }
+    }
     for (const QString& recordingFolder : std::as_const(recordingFolders))
         QDir().mkpath(recordingFolder);
     bool cancelled = false;
@@ -232,11 +241,6 @@ ImportOutcome commit_import(const Session& session, const QString& list, const I
     }
     for (const auto& recording : std::as_const(recordings))
         rollback.made.append(recording.first);
-    if (!writeTextLines(listPath, listLines, error)) {
-        *error = exchange_texts::cannotWrite(listPath, *error);
-        return fail(ImportOutcome::Failed);
-    }
-    rollback.made.append(listPath);
     if (!masterLines.isEmpty()) {
         qint64 previous = -1;
         if (!appendTextLines(masterPath, masterLines, error, &previous)) {
@@ -245,13 +249,11 @@ ImportOutcome commit_import(const Session& session, const QString& list, const I
         }
         rollback.masterLength = previous;
     }
-    if (next != firstNumber) {
-        rollback.numbersWritten = true;
-        if (!writeTextLines(numberPath, {QStringLiteral(" ") + QString::number(next)}, error)) {
-            *error = exchange_texts::cannotWrite(numberPath, *error);
-            return fail(ImportOutcome::Failed);
-        }
+    if (!writeTextLines(listPath, listLines, error)) {
+        *error = exchange_texts::cannotWrite(listPath, *error);
+        return fail(ImportOutcome::Failed);
     }
+    rollback.made.append(listPath);
     if (progress)
         progress->advance(total, total);
     return ImportOutcome::Done;
