@@ -69,7 +69,7 @@ class CardRun
 {
 public:
     CardRun(Session& session, CardView& view, QObject* viewObject, CardStyle kind)
-        : m_session(session), m_view(view), m_guard(viewObject), m_rules(rulesFor(kind))
+        : m_session(session), m_view(view), m_watch(view, viewObject), m_rules(rulesFor(kind))
     {
     }
 
@@ -134,7 +134,7 @@ private:
         s.skip_flag.clear();
     }
 
-    bool gone() const { return !m_guard || m_view.unloaded(); }
+    bool gone() const { return m_watch.gone(); }
 
     bool nextReviewCard()
     {
@@ -237,7 +237,7 @@ private:
 
     Session& m_session;
     CardView& m_view;
-    QPointer<QObject> m_guard;
+    const ViewWatch m_watch;
     const Rules m_rules;
     // Words whose card has begun in this run.
     int m_wordsPlayed = 0;

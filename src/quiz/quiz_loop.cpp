@@ -16,7 +16,6 @@
 
 #include <QFileInfo>
 #include <QObject>
-#include <QPointer>
 
 namespace quorvane {
 
@@ -39,7 +38,7 @@ class QuizRun
 {
 public:
     QuizRun(Session& session, QuizView& view, QuizState& state, QObject* viewObject)
-        : m_session(session), m_view(view), m_state(state), m_guard(viewObject)
+        : m_session(session), m_view(view), m_state(state), m_watch(view, viewObject)
     {
     }
 
@@ -81,7 +80,7 @@ public:
     }
 
 private:
-    bool gone() const { return !m_guard || m_view.unloaded(); }
+    bool gone() const { return m_watch.gone(); }
 
     void loadSource()
     {
@@ -230,7 +229,7 @@ private:
     Session& m_session;
     QuizView& m_view;
     QuizState& m_state;
-    QPointer<QObject> m_guard;
+    const ViewWatch m_watch;
 };
 
 // Marks the state running for the life of one test and puts stop_flag to "no" however it ends.
@@ -260,7 +259,7 @@ void begin_test(Session& session, QuizView& view, QuizState& state, QObject* vie
         state.restart = true;
         return;
     }
-    const QPointer<QObject> guard(viewObject);
+    const ViewWatch watch(view, viewObject);
     do {
         state.restart = false;
         QuizRun run(session, view, state, viewObject);
@@ -268,7 +267,7 @@ void begin_test(Session& session, QuizView& view, QuizState& state, QObject* vie
             return;
         const RunningTest running(session, state);
         run.askQuestions();
-    } while (guard && !view.unloaded() && state.restart);
+    } while (!watch.gone() && state.restart);
 }
 
 QStringList draw_choices(Session& session, const QString& expected, int correctPosition)

@@ -12,7 +12,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QObject>
-#include <QPointer>
 
 #include <filesystem>
 #include <optional>
@@ -58,7 +57,7 @@ class RecordingSession
 {
 public:
     RecordingSession(Session& session, RecordState& state, RecordView& view, QObject* viewObject)
-        : m_session(session), m_state(state), m_view(view), m_guard(viewObject)
+        : m_session(session), m_state(state), m_view(view), m_watch(view, viewObject)
     {
     }
 
@@ -95,7 +94,7 @@ public:
 private:
     enum class Round { next, finish, refused };
 
-    bool gone() const { return !m_guard || m_view.unloaded(); }
+    bool gone() const { return m_watch.gone(); }
     bool stopped() const { return m_session.stop_flag == kYes || gone(); }
 
     Round recordOne()
@@ -199,7 +198,7 @@ private:
     Session& m_session;
     RecordState& m_state;
     RecordView& m_view;
-    QPointer<QObject> m_guard;
+    const ViewWatch m_watch;
     QString m_kind;
     int m_index = -1;
     int m_round = 0;
