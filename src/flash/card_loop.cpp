@@ -243,24 +243,12 @@ private:
     int m_wordsPlayed = 0;
 };
 
-// Sets missing_sound_count to 0 when the run ends, by return or by exception.
-class MissingSoundReset
-{
-public:
-    explicit MissingSoundReset(Session& session) : m_session(session) {}
-    ~MissingSoundReset() { m_session.missing_sound_count = 0; }
-    MissingSoundReset(const MissingSoundReset&) = delete;
-    MissingSoundReset& operator=(const MissingSoundReset&) = delete;
-
-private:
-    Session& m_session;
-};
-
 } // namespace
 
 void play_cards(Session& session, CardView& view, QObject* viewObject, CardStyle kind)
 {
-    const MissingSoundReset reset(session);
+    // missing_sound_count is 0 when the run ends, by return or by exception.
+    const auto reset = qScopeGuard([&session] { session.missing_sound_count = 0; });
     view.showRunning(true);
     const auto ended = qScopeGuard([&view, guard = QPointer<QObject>(viewObject)] {
         if (guard)

@@ -16,6 +16,7 @@
 
 #include <QFileInfo>
 #include <QObject>
+#include <QScopeGuard>
 
 namespace quorvane {
 
@@ -232,24 +233,6 @@ private:
     const ViewWatch m_watch;
 };
 
-// Marks the state running for the life of one test and puts stop_flag to "no" however it ends.
-class RunningTest
-{
-public:
-    RunningTest(Session& session, QuizState& state) : m_session(session), m_state(state) { m_state.running = true; }
-    ~RunningTest()
-    {
-        m_state.running = false;
-        m_session.stop_flag = kNo;
-    }
-    RunningTest(const RunningTest&) = delete;
-    RunningTest& operator=(const RunningTest&) = delete;
-
-private:
-    Session& m_session;
-    QuizState& m_state;
-};
-
 } // namespace
 
 void begin_test(Session& session, QuizView& view, QuizState& state, QObject* viewObject)
@@ -265,7 +248,12 @@ void begin_test(Session& session, QuizView& view, QuizState& state, QObject* vie
         QuizRun run(session, view, state, viewObject);
         if (!run.setUp())
             return;
-        const RunningTest running(session, state);
+        // The state is running for the life of one test, and stop_flag is "no" however it ends.
+        state.running = true;
+        const auto ended = qScopeGuard([&session, &state] {
+            state.running = false;
+            session.stop_flag = kNo;
+        });
         run.askQuestions();
     } while (!watch.gone() && state.restart);
 }

@@ -12,6 +12,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QObject>
+#include <QScopeGuard>
 
 #include <filesystem>
 #include <optional>
@@ -207,36 +208,6 @@ private:
     bool m_failed = false;
 };
 
-// Sets record_single to "no" and record_seconds to 1.0 when the session ends, however it ends.
-class SessionSettingsReset
-{
-public:
-    explicit SessionSettingsReset(RecordState& state) : m_state(state) {}
-    ~SessionSettingsReset()
-    {
-        m_state.record_single = kNo;
-        m_state.record_seconds = kSecondsBetweenSessions;
-    }
-    SessionSettingsReset(const SessionSettingsReset&) = delete;
-    SessionSettingsReset& operator=(const SessionSettingsReset&) = delete;
-
-private:
-    RecordState& m_state;
-};
-
-// record_window_playing is true only while the clicked entry plays.
-class WindowPlaying
-{
-public:
-    explicit WindowPlaying(Session& session) : m_session(session) { m_session.record_window_playing = true; }
-    ~WindowPlaying() { m_session.record_window_playing = false; }
-    WindowPlaying(const WindowPlaying&) = delete;
-    WindowPlaying& operator=(const WindowPlaying&) = delete;
-
-private:
-    Session& m_session;
-};
-
 } // namespace
 
 void start_recording(Session& session, RecordState& state, RecordView& view, QObject* viewObject, float seconds,
@@ -249,7 +220,11 @@ void start_recording(Session& session, RecordState& state, RecordView& view, QOb
 
 void misc_rec(Session& session, RecordState& state, RecordView& view, QObject* viewObject)
 {
-    const SessionSettingsReset reset(state);
+    // record_single is "no" and record_seconds 1.0 when the session ends, however it ends.
+    const auto reset = qScopeGuard([&state] {
+        state.record_single = kNo;
+        state.record_seconds = kSecondsBetweenSessions;
+    });
     RecordingSession(session, state, view, viewObject).run();
 }
 
@@ -280,7 +255,9 @@ ChosenRow choose_row(RecordState& state, const QString& kind, int row)
 
 void play_chosen(Session& session, const RecordState& state, const QString& word)
 {
-    const WindowPlaying playing(session);
+    // record_window_playing is true only while the clicked entry plays.
+    session.record_window_playing = true;
+    const auto played = qScopeGuard([&session] { session.record_window_playing = false; });
     say_word(session, state.current_sound_number, session.current_language, word);
 }
 
