@@ -69,7 +69,7 @@ class CardRun
 {
 public:
     CardRun(Session& session, CardView& view, QObject* viewObject, CardStyle kind)
-        : m_session(session), m_view(view), m_guard(viewObject), m_rules(rulesFor(kind))
+        : m_session(session), m_view(view), m_watch(view, viewObject), m_rules(rulesFor(kind))
     {
     }
 
@@ -134,7 +134,7 @@ private:
         s.skip_flag.clear();
     }
 
-    bool gone() const { return !m_guard || m_view.unloaded(); }
+    bool gone() const { return m_watch.gone(); }
 
     bool nextReviewCard()
     {
@@ -237,30 +237,18 @@ private:
 
     Session& m_session;
     CardView& m_view;
-    QPointer<QObject> m_guard;
+    const ViewWatch m_watch;
     const Rules m_rules;
     // Words whose card has begun in this run.
     int m_wordsPlayed = 0;
-};
-
-// Sets missing_sound_count to 0 when the run ends, by return or by exception.
-class MissingSoundReset
-{
-public:
-    explicit MissingSoundReset(Session& session) : m_session(session) {}
-    ~MissingSoundReset() { m_session.missing_sound_count = 0; }
-    MissingSoundReset(const MissingSoundReset&) = delete;
-    MissingSoundReset& operator=(const MissingSoundReset&) = delete;
-
-private:
-    Session& m_session;
 };
 
 } // namespace
 
 void play_cards(Session& session, CardView& view, QObject* viewObject, CardStyle kind)
 {
-    const MissingSoundReset reset(session);
+    // missing_sound_count is 0 when the run ends, by return or by exception.
+    const auto reset = qScopeGuard([&session] { session.missing_sound_count = 0; });
     view.showRunning(true);
     const auto ended = qScopeGuard([&view, guard = QPointer<QObject>(viewObject)] {
         if (guard)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/view_watch.h"
+
 #include <QString>
 
 class QObject;
@@ -15,13 +17,10 @@ enum class CardStyle { large, small };
 
 // What the card loop shows. Implemented by the flash-card windows. The loop calls it only between
 // two of its waits, and never again once unloaded() is true or the window is gone.
-class CardView
+class CardView : public WatchedView
 {
 public:
-    virtual ~CardView() = default;
     virtual void showWindow() = 0;
-    // True from the moment the window is closed; the loop then ends at its next check.
-    virtual bool unloaded() const = 0;
     virtual void showWordsLeft(const QString& text) = 0;
     virtual void showCard(const QString& word, const QString& translation) = 0;
     virtual void showPlay(const QString& repeatText, const QString& speedText) = 0;

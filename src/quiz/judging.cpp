@@ -16,40 +16,6 @@ constexpr int kSecondsPerHour = 3600;
 
 } // namespace
 
-QString fold_accents(const QString& word)
-{
-    QString folded = word;
-    for (QChar& character : folded) {
-        switch (character.unicode()) {
-        case 224:
-        case 225:
-        case 227:
-            character = u'a';
-            break;
-        case 232:
-        case 233:
-            character = u'e';
-            break;
-        case 236:
-        case 237:
-            character = u'i';
-            break;
-        case 241:
-            character = u'n';
-            break;
-        case 242:
-        case 243:
-        case 245:
-        case 246:
-            character = u'o';
-            break;
-        default:
-            break;
-        }
-    }
-    return folded;
-}
-
 bool typed_answer_found(const QString& typed, const QString& expected)
 {
     if (typed.isEmpty())

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/accents.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -9,10 +11,6 @@ namespace quorvane {
 
 // The three kinds of test, in the order of the option buttons.
 enum class TestKind { multipleChoice = 0, spelling = 1, fillInBlank = 2 };
-
-// The expected answer of a spelling question: the word with its lower-case accented vowels and
-// n folded to plain letters (only the twelve a keyboard without accents cannot type).
-QString fold_accents(const QString& word);
 
 // Whether a typed answer is right in the typing modes: not empty, and either the whole expected
 // answer or one rendering of it: followed in it by "\", "/", " (" or ",", or preceded by a blank.

@@ -16,7 +16,7 @@
 
 #include <QFileInfo>
 #include <QObject>
-#include <QPointer>
+#include <QScopeGuard>
 
 namespace quorvane {
 
@@ -39,7 +39,7 @@ class QuizRun
 {
 public:
     QuizRun(Session& session, QuizView& view, QuizState& state, QObject* viewObject)
-        : m_session(session), m_view(view), m_state(state), m_guard(viewObject)
+        : m_session(session), m_view(view), m_state(state), m_watch(view, viewObject)
     {
     }
 
@@ -81,7 +81,7 @@ public:
     }
 
 private:
-    bool gone() const { return !m_guard || m_view.unloaded(); }
+    bool gone() const { return m_watch.gone(); }
 
     void loadSource()
     {
@@ -230,25 +230,7 @@ private:
     Session& m_session;
     QuizView& m_view;
     QuizState& m_state;
-    QPointer<QObject> m_guard;
-};
-
-// Marks the state running for the life of one test and puts stop_flag to "no" however it ends.
-class RunningTest
-{
-public:
-    RunningTest(Session& session, QuizState& state) : m_session(session), m_state(state) { m_state.running = true; }
-    ~RunningTest()
-    {
-        m_state.running = false;
-        m_session.stop_flag = kNo;
-    }
-    RunningTest(const RunningTest&) = delete;
-    RunningTest& operator=(const RunningTest&) = delete;
-
-private:
-    Session& m_session;
-    QuizState& m_state;
+    const ViewWatch m_watch;
 };
 
 } // namespace
@@ -260,15 +242,20 @@ void begin_test(Session& session, QuizView& view, QuizState& state, QObject* vie
         state.restart = true;
         return;
     }
-    const QPointer<QObject> guard(viewObject);
+    const ViewWatch watch(view, viewObject);
     do {
         state.restart = false;
         QuizRun run(session, view, state, viewObject);
         if (!run.setUp())
             return;
-        const RunningTest running(session, state);
+        // The state is running for the life of one test, and stop_flag is "no" however it ends.
+        state.running = true;
+        const auto ended = qScopeGuard([&session, &state] {
+            state.running = false;
+            session.stop_flag = kNo;
+        });
         run.askQuestions();
-    } while (guard && !view.unloaded() && state.restart);
+    } while (!watch.gone() && state.restart);
 }
 
 QStringList draw_choices(Session& session, const QString& expected, int correctPosition)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/view_watch.h"
 #include "quiz/judging.h"
 
 #include <QDateTime>
@@ -38,13 +39,9 @@ struct QuizState
 
 // What a test reads from and shows on its window. Implemented by the test window. Calls come only
 // between two waits of the test, never once unloaded() is true or the window is gone.
-class QuizView
+class QuizView : public WatchedView
 {
 public:
-    virtual ~QuizView() = default;
-    // True from the moment the window is closed; the test then ends at its next check.
-    virtual bool unloaded() const = 0;
-
     // The set-up as the student has left it, read when asked (the kind may change mid-test).
     virtual QString questionsText() const = 0;
     virtual QString secondsText() const = 0;

@@ -12,7 +12,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QObject>
-#include <QPointer>
+#include <QScopeGuard>
 
 #include <filesystem>
 #include <optional>
@@ -58,7 +58,7 @@ class RecordingSession
 {
 public:
     RecordingSession(Session& session, RecordState& state, RecordView& view, QObject* viewObject)
-        : m_session(session), m_state(state), m_view(view), m_guard(viewObject)
+        : m_session(session), m_state(state), m_view(view), m_watch(view, viewObject)
     {
     }
 
@@ -95,7 +95,7 @@ public:
 private:
     enum class Round { next, finish, refused };
 
-    bool gone() const { return !m_guard || m_view.unloaded(); }
+    bool gone() const { return m_watch.gone(); }
     bool stopped() const { return m_session.stop_flag == kYes || gone(); }
 
     Round recordOne()
@@ -199,43 +199,13 @@ private:
     Session& m_session;
     RecordState& m_state;
     RecordView& m_view;
-    QPointer<QObject> m_guard;
+    const ViewWatch m_watch;
     QString m_kind;
     int m_index = -1;
     int m_round = 0;
     bool m_firstWord = true;
     bool m_errorsFinish = false;
     bool m_failed = false;
-};
-
-// Sets record_single to "no" and record_seconds to 1.0 when the session ends, however it ends.
-class SessionSettingsReset
-{
-public:
-    explicit SessionSettingsReset(RecordState& state) : m_state(state) {}
-    ~SessionSettingsReset()
-    {
-        m_state.record_single = kNo;
-        m_state.record_seconds = kSecondsBetweenSessions;
-    }
-    SessionSettingsReset(const SessionSettingsReset&) = delete;
-    SessionSettingsReset& operator=(const SessionSettingsReset&) = delete;
-
-private:
-    RecordState& m_state;
-};
-
-// record_window_playing is true only while the clicked entry plays.
-class WindowPlaying
-{
-public:
-    explicit WindowPlaying(Session& session) : m_session(session) { m_session.record_window_playing = true; }
-    ~WindowPlaying() { m_session.record_window_playing = false; }
-    WindowPlaying(const WindowPlaying&) = delete;
-    WindowPlaying& operator=(const WindowPlaying&) = delete;
-
-private:
-    Session& m_session;
 };
 
 } // namespace
@@ -250,7 +220,11 @@ void start_recording(Session& session, RecordState& state, RecordView& view, QOb
 
 void misc_rec(Session& session, RecordState& state, RecordView& view, QObject* viewObject)
 {
-    const SessionSettingsReset reset(state);
+    // record_single is "no" and record_seconds 1.0 when the session ends, however it ends.
+    const auto reset = qScopeGuard([&state] {
+        state.record_single = kNo;
+        state.record_seconds = kSecondsBetweenSessions;
+    });
     RecordingSession(session, state, view, viewObject).run();
 }
 
@@ -281,7 +255,9 @@ ChosenRow choose_row(RecordState& state, const QString& kind, int row)
 
 void play_chosen(Session& session, const RecordState& state, const QString& word)
 {
-    const WindowPlaying playing(session);
+    // record_window_playing is true only while the clicked entry plays.
+    session.record_window_playing = true;
+    const auto played = qScopeGuard([&session] { session.record_window_playing = false; });
     say_word(session, state.current_sound_number, session.current_language, word);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/view_watch.h"
 #include "record/record_lists.h"
 
 #include <QString>
@@ -32,12 +33,9 @@ enum class SessionColour { orange, yellow, idle };
 
 // What a recording session shows. Implemented by the record window. The session calls it only
 // between two of its waits, and never again once unloaded() is true or the window is gone.
-class RecordView
+class RecordView : public WatchedView
 {
 public:
-    virtual ~RecordView() = default;
-    // True from the moment the window is closed.
-    virtual bool unloaded() const = 0;
     // The selected row of the word list of kind (span_list_w or span_list_wo), -1 for none.
     virtual int selectedRow(const QString& kind) const = 0;
     // Selects a row of that word list as a click would (its click handler runs); false when the row

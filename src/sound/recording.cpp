@@ -10,6 +10,8 @@
 #include "sound/texts.h"
 #include "store/text_files.h"
 
+#include <QtEndian>
+
 #include <cmath>
 #include <limits>
 #include <stdexcept>
@@ -127,8 +129,7 @@ TakeLevel take_level(const QByteArray& samples, int rate)
     level.seconds = rate > 0 ? double(count) / rate : 0.0;
     int peak = 0;
     for (qsizetype i = 0; i < count; ++i) {
-        const auto value =
-            static_cast<qint16>(quint16(byteAt(samples, 2 * i)) | quint16(byteAt(samples, 2 * i + 1)) << 8);
+        const qint16 value = qFromLittleEndian<qint16>(samples.constData() + 2 * i);
         peak = std::max(peak, std::abs(int(value)));
     }
     level.silent = peak == 0;

@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QtEndian>
 
 #include <SDL.h>
 #include <SDL_mixer.h>
@@ -27,14 +28,6 @@ constexpr int kAlreadyInitialised = 1;
 bool startsWith(const QByteArray& bytes, const char* magic)
 {
     return bytes.startsWith(QByteArray(magic));
-}
-
-quint32 littleEndian32(const QByteArray& bytes, qsizetype at)
-{
-    quint32 value = 0;
-    for (int i = 3; i >= 0; --i)
-        value = (value << 8) | static_cast<quint8>(bytes.at(at + i));
-    return value;
 }
 
 // Where the first MPEG audio frame would start: after an ID3v2 tag when there is one.
@@ -72,9 +65,9 @@ int wavRate(const QByteArray& bytes)
 {
     qsizetype at = 12;
     while (at + 8 <= bytes.size()) {
-        const quint32 size = littleEndian32(bytes, at + 4);
+        const quint32 size = qFromLittleEndian<quint32>(bytes.constData() + at + 4);
         if (bytes.mid(at, 4) == "fmt " && at + 16 <= bytes.size())
-            return static_cast<int>(littleEndian32(bytes, at + 12));
+            return static_cast<int>(qFromLittleEndian<quint32>(bytes.constData() + at + 12));
         at += 8 + size + (size & 1);
     }
     return 0;

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QtEndian>
 
 namespace quorvane {
 
@@ -22,8 +23,7 @@ constexpr quint16 kBitsPerSample = 16;
 QByteArray twoByteText(quint16 value)
 {
     QByteArray result(2, '\0');
-    result[0] = static_cast<char>(value & 0xFF);
-    result[1] = static_cast<char>(value >> 8);
+    qToLittleEndian(value, result.data());
     return result;
 }
 
@@ -49,8 +49,7 @@ ChosenSound choose_sound_file(Session& session, const QString& soundNumber, cons
 QByteArray four_byte_text(quint32 value)
 {
     QByteArray result(4, '\0');
-    for (int i = 0; i < 4; ++i)
-        result[i] = static_cast<char>((value >> (8 * i)) & 0xFF);
+    qToLittleEndian(value, result.data());
     return result;
 }
 

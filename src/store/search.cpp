@@ -1,5 +1,6 @@
 #include "store/search.h"
 
+#include "core/accents.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/table_limit.h"
@@ -22,11 +23,8 @@ namespace quorvane {
 namespace {
 
 // The letters whose presence makes a text count as accented (ö õ ñ í ì é è ã á à). Kept as it is:
-// ò and ó are not among them although the folding below handles them.
+// ò and ó are not among them although fold_accents folds them.
 constexpr QStringView kAccentTestLetters = u"\u00F6\u00F5\u00F1\u00ED\u00EC\u00E9\u00E8\u00E3\u00E1\u00E0";
-// The folding: à á ã è é ì í ñ ò ó õ ö, and what each becomes.
-constexpr QStringView kAccented = u"\u00E0\u00E1\u00E3\u00E8\u00E9\u00EC\u00ED\u00F1\u00F2\u00F3\u00F5\u00F6";
-constexpr QStringView kFolded = u"aaaeeiinoooo";
 
 bool passesAccentTest(const QString& text)
 {
@@ -35,15 +33,6 @@ bool passesAccentTest(const QString& text)
             return true;
     }
     return false;
-}
-
-QString foldAccents(QString text)
-{
-    for (QChar& character : text) {
-        if (const qsizetype at = kAccented.indexOf(character); at >= 0)
-            character = kFolded.at(at);
-    }
-    return text;
 }
 
 // Whether a translation begins with the term, or holds it after "to ", ", " or ",": one look for
@@ -87,7 +76,7 @@ std::unique_ptr<QList<MasterCache::Line>> prepareLines(const QByteArray& bytes)
             line.fields[i] = fields.at(i);
         for (int i = 0; i < 2; ++i) {
             if (passesAccentTest(line.fields[i]))
-                line.accentFree[i] = foldAccents(line.fields[i]);
+                line.accentFree[i] = fold_accents(line.fields[i]);
         }
         lines->append(std::move(line));
     }

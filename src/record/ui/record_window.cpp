@@ -33,6 +33,33 @@ const QColor kYellow(255, 255, 0);
 const QColor kWhite(255, 255, 255);
 const QColor kGrey(192, 192, 192);
 
+// The duration buttons, row by row: name_single records one word, name_many word after word, each
+// recording lasting the row's seconds (single precision, as stored in record_seconds).
+struct DurationRow
+{
+    QPushButton* RecordWindow::*single;
+    QPushButton* RecordWindow::*many;
+    const char* name;
+    const char* caption;
+    float seconds;
+};
+
+constexpr DurationRow kDurationRows[] = {
+    {&RecordWindow::point8_single, &RecordWindow::point8_many, "point8", "0.8 second", 0.8f},
+    {&RecordWindow::one_single, &RecordWindow::one_many, "one", "1 second", 1.0f},
+    {&RecordWindow::one2_single, &RecordWindow::one2_many, "one2", "1.2 second", 1.2f},
+    {&RecordWindow::one4_single, &RecordWindow::one4_many, "one4", "1.4 seconds", 1.4f},
+    {&RecordWindow::one8_single, &RecordWindow::one8_many, "one8", "1.8 seconds", 1.8f},
+    {&RecordWindow::two_sec_single, &RecordWindow::two_sec_many, "two_sec", "2 seconds", 2.0f},
+    {&RecordWindow::two4_single, &RecordWindow::two4_many, "two4", "2.4 seconds", 2.4f},
+    {&RecordWindow::two7_single, &RecordWindow::two7_many, "two7", "2.7 seconds", 2.7f},
+    {&RecordWindow::three_sec_single, &RecordWindow::three_sec_many, "three_sec", "3 seconds", 3.0f},
+    {&RecordWindow::three5_single, &RecordWindow::three5_many, "three5", "3.5 seconds", 3.5f},
+    {&RecordWindow::four_single, &RecordWindow::four_many, "four", "4 seconds", 4.0f},
+    {&RecordWindow::four5_single, &RecordWindow::four5_many, "four5", "4.5 seconds", 4.5f},
+    {&RecordWindow::five_single, &RecordWindow::five_many, "five", "5 seconds", 5.0f},
+};
+
 void setBackground(QWidget* widget, QPalette::ColorRole role, const QColor& colour)
 {
     QPalette palette = widget->palette();
@@ -107,32 +134,11 @@ void RecordWindow::buildControls()
     countdown->setWordWrap(true);
     countdown->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 
-    point8_single = makeButton(QStringLiteral("point8_single"), QStringLiteral("0.8 second"));
-    point8_many = makeButton(QStringLiteral("point8_many"), QStringLiteral("0.8 second"));
-    one_single = makeButton(QStringLiteral("one_single"), QStringLiteral("1 second"));
-    one_many = makeButton(QStringLiteral("one_many"), QStringLiteral("1 second"));
-    one2_single = makeButton(QStringLiteral("one2_single"), QStringLiteral("1.2 second"));
-    one2_many = makeButton(QStringLiteral("one2_many"), QStringLiteral("1.2 second"));
-    one4_single = makeButton(QStringLiteral("one4_single"), QStringLiteral("1.4 seconds"));
-    one4_many = makeButton(QStringLiteral("one4_many"), QStringLiteral("1.4 seconds"));
-    one8_single = makeButton(QStringLiteral("one8_single"), QStringLiteral("1.8 seconds"));
-    one8_many = makeButton(QStringLiteral("one8_many"), QStringLiteral("1.8 seconds"));
-    two_sec_single = makeButton(QStringLiteral("two_sec_single"), QStringLiteral("2 seconds"));
-    two_sec_many = makeButton(QStringLiteral("two_sec_many"), QStringLiteral("2 seconds"));
-    two4_single = makeButton(QStringLiteral("two4_single"), QStringLiteral("2.4 seconds"));
-    two4_many = makeButton(QStringLiteral("two4_many"), QStringLiteral("2.4 seconds"));
-    two7_single = makeButton(QStringLiteral("two7_single"), QStringLiteral("2.7 seconds"));
-    two7_many = makeButton(QStringLiteral("two7_many"), QStringLiteral("2.7 seconds"));
-    three_sec_single = makeButton(QStringLiteral("three_sec_single"), QStringLiteral("3 seconds"));
-    three_sec_many = makeButton(QStringLiteral("three_sec_many"), QStringLiteral("3 seconds"));
-    three5_single = makeButton(QStringLiteral("three5_single"), QStringLiteral("3.5 seconds"));
-    three5_many = makeButton(QStringLiteral("three5_many"), QStringLiteral("3.5 seconds"));
-    four_single = makeButton(QStringLiteral("four_single"), QStringLiteral("4 seconds"));
-    four_many = makeButton(QStringLiteral("four_many"), QStringLiteral("4 seconds"));
-    four5_single = makeButton(QStringLiteral("four5_single"), QStringLiteral("4.5 seconds"));
-    four5_many = makeButton(QStringLiteral("four5_many"), QStringLiteral("4.5 seconds"));
-    five_single = makeButton(QStringLiteral("five_single"), QStringLiteral("5 seconds"));
-    five_many = makeButton(QStringLiteral("five_many"), QStringLiteral("5 seconds"));
+    for (const DurationRow& row : kDurationRows) {
+        const QString caption = QString::fromLatin1(row.caption);
+        this->*row.single = makeButton(QString::fromLatin1(row.name) + QStringLiteral("_single"), caption);
+        this->*row.many = makeButton(QString::fromLatin1(row.name) + QStringLiteral("_many"), caption);
+    }
     unlimited = makeButton(QStringLiteral("unlimited"), record_texts::unlimitedCaption());
     stop_auto_record = makeButton(QStringLiteral("stop_auto_record"), record_texts::stopCaption());
     stop_auto_record->setFont(controls::font(controls::kSansSerif, 12, true));
@@ -174,25 +180,20 @@ void RecordWindow::buildLayout()
     auto* durations = new QGridLayout;
     durations->addWidget(Label2, 0, 0);
     durations->addWidget(Label3, 0, 1);
-    const QList<QPair<QPushButton*, QPushButton*>> pairs{
-        {point8_single, point8_many}, {one_single, one_many},   {one2_single, one2_many},
-        {one4_single, one4_many},     {one8_single, one8_many}, {two_sec_single, two_sec_many},
-        {two4_single, two4_many},     {two7_single, two7_many}, {three_sec_single, three_sec_many},
-        {three5_single, three5_many}, {four_single, four_many}, {four5_single, four5_many},
-        {five_single, five_many}};
-    for (int i = 0; i < pairs.size(); ++i) {
-        durations->addWidget(pairs[i].first, i + 1, 0);
-        durations->addWidget(pairs[i].second, i + 1, 1);
+    const int rows = int(std::size(kDurationRows));
+    for (int i = 0; i < rows; ++i) {
+        durations->addWidget(this->*kDurationRows[i].single, i + 1, 0);
+        durations->addWidget(this->*kDurationRows[i].many, i + 1, 1);
     }
-    durations->addWidget(unlimited, int(pairs.size()) + 1, 0);
+    durations->addWidget(unlimited, rows + 1, 0);
     // Tab follows the columns: the lists, the word and its editing, then the durations row by row.
     QList<QWidget*> order{span_list_w, eng_list_w,        span_list_wo,        eng_list_wo, left_word,     right_word,
                           Check1,      add_word,          save_text,           delete_word, refresh_lists, Command1,
                           zip,         instructions_text, instructions_record, license,     exit_button};
-    for (const auto& [single, many] : pairs)
-        order << single << many;
+    for (const DurationRow& row : kDurationRows)
+        order << this->*row.single << this->*row.many;
     controls::tabOrder(order << unlimited << record_speed << stop_auto_record);
-    durations->addWidget(record_speed, int(pairs.size()) + 1, 1);
+    durations->addWidget(record_speed, rows + 1, 1);
 
     auto* recording = new QVBoxLayout;
     recording->addWidget(countdown);
@@ -242,32 +243,6 @@ void RecordWindow::wireHandlers()
     eng_list_w->onClick = [this] { eng_list_w_click(); };
     eng_list_wo->onClick = [this] { eng_list_wo_click(); };
     const QList<QPair<QPushButton*, void (RecordWindow::*)()>> buttons{
-        {point8_single, &RecordWindow::point8_single_click},
-        {point8_many, &RecordWindow::point8_many_click},
-        {one_single, &RecordWindow::one_single_click},
-        {one_many, &RecordWindow::one_many_click},
-        {one2_single, &RecordWindow::one2_single_click},
-        {one2_many, &RecordWindow::one2_many_click},
-        {one4_single, &RecordWindow::one4_single_click},
-        {one4_many, &RecordWindow::one4_many_click},
-        {one8_single, &RecordWindow::one8_single_click},
-        {one8_many, &RecordWindow::one8_many_click},
-        {two_sec_single, &RecordWindow::two_sec_single_click},
-        {two_sec_many, &RecordWindow::two_sec_many_click},
-        {two4_single, &RecordWindow::two4_single_click},
-        {two4_many, &RecordWindow::two4_many_click},
-        {two7_single, &RecordWindow::two7_single_click},
-        {two7_many, &RecordWindow::two7_many_click},
-        {three_sec_single, &RecordWindow::three_sec_single_click},
-        {three_sec_many, &RecordWindow::three_sec_many_click},
-        {three5_single, &RecordWindow::three5_single_click},
-        {three5_many, &RecordWindow::three5_many_click},
-        {four_single, &RecordWindow::four_single_click},
-        {four_many, &RecordWindow::four_many_click},
-        {four5_single, &RecordWindow::four5_single_click},
-        {four5_many, &RecordWindow::four5_many_click},
-        {five_single, &RecordWindow::five_single_click},
-        {five_many, &RecordWindow::five_many_click},
         {unlimited, &RecordWindow::unlimited_click},
         {stop_auto_record, &RecordWindow::stop_auto_record_click},
         {record_speed, &RecordWindow::record_speed_click},
@@ -283,6 +258,10 @@ void RecordWindow::wireHandlers()
         {zip, &RecordWindow::zip_click}};
     for (const auto& [button, handler] : buttons)
         connect(button, &QPushButton::clicked, this, handler);
+    for (const DurationRow& row : kDurationRows) {
+        connect(this->*row.single, &QPushButton::clicked, this, [this, &row] { record(row.seconds, true); });
+        connect(this->*row.many, &QPushButton::clicked, this, [this, &row] { record(row.seconds, false); });
+    }
 }
 
 void RecordWindow::guarded(const std::function<void()>& handler)
@@ -434,111 +413,6 @@ void RecordWindow::misc_rec()
     deleteIfClosed();
 }
 
-// The single-precision seconds of each button, as stored in record_seconds.
-void RecordWindow::point8_single_click()
-{
-    record(0.8f, true);
-}
-void RecordWindow::point8_many_click()
-{
-    record(0.8f, false);
-}
-void RecordWindow::one_single_click()
-{
-    record(1.0f, true);
-}
-void RecordWindow::one_many_click()
-{
-    record(1.0f, false);
-}
-void RecordWindow::one2_single_click()
-{
-    record(1.2f, true);
-}
-void RecordWindow::one2_many_click()
-{
-    record(1.2f, false);
-}
-void RecordWindow::one4_single_click()
-{
-    record(1.4f, true);
-}
-void RecordWindow::one4_many_click()
-{
-    record(1.4f, false);
-}
-void RecordWindow::one8_single_click()
-{
-    record(1.8f, true);
-}
-void RecordWindow::one8_many_click()
-{
-    record(1.8f, false);
-}
-void RecordWindow::two_sec_single_click()
-{
-    record(2.0f, true);
-}
-void RecordWindow::two_sec_many_click()
-{
-    record(2.0f, false);
-}
-void RecordWindow::two4_single_click()
-{
-    record(2.4f, true);
-}
-void RecordWindow::two4_many_click()
-{
-    record(2.4f, false);
-}
-void RecordWindow::two7_single_click()
-{
-    record(2.7f, true);
-}
-void RecordWindow::two7_many_click()
-{
-    record(2.7f, false);
-}
-void RecordWindow::three_sec_single_click()
-{
-    record(3.0f, true);
-}
-void RecordWindow::three_sec_many_click()
-{
-    record(3.0f, false);
-}
-void RecordWindow::three5_single_click()
-{
-    record(3.5f, true);
-}
-void RecordWindow::three5_many_click()
-{
-    record(3.5f, false);
-}
-void RecordWindow::four_single_click()
-{
-    record(4.0f, true);
-}
-void RecordWindow::four_many_click()
-{
-    record(4.0f, false);
-}
-void RecordWindow::four5_single_click()
-{
-    record(4.5f, true);
-}
-void RecordWindow::four5_many_click()
-{
-    record(4.5f, false);
-}
-void RecordWindow::five_single_click()
-{
-    record(5.0f, true);
-}
-void RecordWindow::five_many_click()
-{
-    record(5.0f, false);
-}
 // "No time limit" is one word of at most 30 seconds, as it always has been.
 void RecordWindow::unlimited_click()
 {
