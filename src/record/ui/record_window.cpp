@@ -348,7 +348,7 @@ void RecordWindow::create_arrays()
 
 void RecordWindow::wordClicked(const QString& kind)
 {
-    // The chosen word sounds in here.
+    // The chosen word's sound plays inside this handler.
     guardedWait([this, &kind] {
         const int row = spanList(kind)->currentRow();
         engList(kind)->setRowQuietly(row);
