@@ -440,7 +440,7 @@ TEST(RecordWindow, SplitsTheListPlaysClickedWordsAndReturns)
     EXPECT_EQ(record->record_speed->text(), "Click for fast method");
 
     // The editing buttons: a correction reaches the list file (the missing master ends the save),
-    // the list editor opens, and packing can be cancelled.
+    // the list editor opens and closes leaving the main window hidden, and packing can be cancelled.
     select_row(record->span_list_w, 0);
     record->left_word->setText("palabro");
     record->save_text->click();
@@ -448,6 +448,7 @@ TEST(RecordWindow, SplitsTheListPlaysClickedWordsAndReturns)
     record->Command1->click();
     ASSERT_NE(quorvane::window("edit_list"), nullptr);
     quorvane::window("edit_list")->close();
+    EXPECT_FALSE(main->isVisible());
     program.prompts.push(false);
     record->zip->click();
     EXPECT_EQ(program.prompts.texts().last(), "The action has been cancelled.");
