@@ -264,7 +264,7 @@ TEST_F(Packing, CancelChangesNothingAndOKPacksOneArchivePerRecordingFolderAndThe
     EXPECT_EQ(folder.snapshot(), swept);
 
     // A second run finds its folders and replaces the copies; the one that cannot be written is named
-    // with its cause and keeps its bytes, the rest are written.
+    // with its cause and keeps its bytes, the rest are written and named.
     folder.write("languages/spanish/new_str/70/70000.str", "again");
     folder.write("languages/spanish/new_str/71/71005.str", "again");
     prompts.shown.clear();
@@ -275,6 +275,7 @@ TEST_F(Packing, CancelChangesNothingAndOKPacksOneArchivePerRecordingFolderAndThe
     const QString said = prompts.shown.last().text;
     EXPECT_FALSE(said.startsWith("This action is finished.")) << said.toStdString();
     EXPECT_TRUE(said.contains(folder.file("recordings/str/spanish_str_71.zip") + " (the disk is full)") &&
+                said.contains(folder.file("recordings/str/spanish_str_72.zip")) &&
                 said.contains(folder.file("recordings/text_spanish.zip")))
         << said.toStdString();
     EXPECT_EQ(member("recordings/str/spanish_str_70.zip", "70000.str"), "again");
