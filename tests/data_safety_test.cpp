@@ -147,7 +147,7 @@ TEST(DataSafety, ASecondCopyForTheSameStudentIsRefusedAndADeadCopysLockTakenOver
     EXPECT_EQ(taken.shown.size(), 1);
 }
 
-TEST(DataSafety, ASharedFilesLockIsWaitedForAndRewritesNeverShareATemporaryFile)
+TEST(DataSafety, ASharedFilesLockIsWaitedForRewritesNeverShareATemporaryFileAndAppendersNeverCutEachOthersLines)
 {
     ProgramFolder folder;
     const QString lockPath = folder.file("languages/spanish/.lock");
@@ -181,6 +181,43 @@ TEST(DataSafety, ASharedFilesLockIsWaitedForAndRewritesNeverShareATemporaryFile)
     removeStrayRewrites(folder.file("languages/spanish"));
     EXPECT_EQ(QDir(folder.file("languages/spanish")).entryList(QDir::Files | QDir::Hidden),
               QStringList({".lock", "a.txt", "a.txt.1-7.rewrite.tmp"}));
+
+    // Appends only append: a last line without its end gets one; a lone CR already ends it, and no
+    // blank line follows.
+    const QString log = folder.file("changes_spanish.dat");
+    for (const auto& [before, after] : {std::pair<QByteArray, QByteArray>("a|b|1", "a|b|1\r\nc|d|2\r\n"),
+                                        std::pair<QByteArray, QByteArray>("a|b|1\r", "a|b|1\rc|d|2\r\n"),
+                                        std::pair<QByteArray, QByteArray>("a|b|1\n", "a|b|1\nc|d|2\r\n")}) {
+        folder.write("changes_spanish.dat", before);
+        ASSERT_TRUE(appendTextLines(log, {"c|d|2"}));
+        EXPECT_EQ(folder.read("changes_spanish.dat"), after);
+    }
+
+    // Another process appends while every third append here fails half-written: its lines all stay,
+    // as do those appended here that were told written.
+    QFile::remove(log);
+    constexpr int kLines = 300;
+    const pid_t appender = fork();
+    if (appender == 0) {
+        for (int i = 0; i < kLines; ++i)
+            appendTextLines(log, {QString("other %1").arg(i)});
+        _exit(0);
+    }
+    QStringList expected;
+    for (int i = 0; i < kLines; ++i) {
+        if (i % 3 == 0)
+            file_faults::failAt(Step::write, 1, ENOSPC);
+        if (appendTextLines(log, {QString("here %1").arg(i)}))
+            expected.append(QString("here %1").arg(i));
+        file_faults::reset();
+    }
+    ASSERT_EQ(waitpid(appender, nullptr, 0), appender);
+    for (int i = 0; i < kLines; ++i)
+        expected.append(QString("other %1").arg(i));
+    QStringList lines = readTextLines(log).value_or(QStringList());
+    lines.sort();
+    expected.sort();
+    EXPECT_EQ(lines, expected);
 }
 
 TEST(DataSafety, ADoubleClickMovesTheEntryItsRowShowsFromTheFileItLivesIn)
@@ -271,44 +308,4 @@ TEST(DataSafety, AFileThatCannotBeReadIsNamedAndNothingIsMadeFromItNorStarted)
         EXPECT_TRUE(p.sound.played.isEmpty());
         EXPECT_EQ(main->findChild<FlashWindow*>(), nullptr);
     }
-}
-
-TEST(DataSafety, AppendsOnlyAppendAndTwoAppendersNeverCutEachOthersLines)
-{
-    ProgramFolder folder;
-    const QString log = folder.file("changes_spanish.dat");
-    // A last line without its end gets one; a lone CR already ends it, and no blank line follows.
-    for (const auto& [before, after] : {std::pair<QByteArray, QByteArray>("a|b|1", "a|b|1\r\nc|d|2\r\n"),
-                                        std::pair<QByteArray, QByteArray>("a|b|1\r", "a|b|1\rc|d|2\r\n"),
-                                        std::pair<QByteArray, QByteArray>("a|b|1\n", "a|b|1\nc|d|2\r\n")}) {
-        folder.write("changes_spanish.dat", before);
-        ASSERT_TRUE(appendTextLines(log, {"c|d|2"}));
-        EXPECT_EQ(folder.read("changes_spanish.dat"), after);
-    }
-
-    // Another process appends while every third append here fails half-written: its lines all stay,
-    // as do those appended here that were told written.
-    QFile::remove(log);
-    constexpr int kLines = 300;
-    const pid_t other = fork();
-    if (other == 0) {
-        for (int i = 0; i < kLines; ++i)
-            appendTextLines(log, {QString("other %1").arg(i)});
-        _exit(0);
-    }
-    QStringList expected;
-    for (int i = 0; i < kLines; ++i) {
-        if (i % 3 == 0)
-            file_faults::failAt(Step::write, 1, ENOSPC);
-        if (appendTextLines(log, {QString("here %1").arg(i)}))
-            expected.append(QString("here %1").arg(i));
-        file_faults::reset();
-    }
-    ASSERT_EQ(waitpid(other, nullptr, 0), other);
-    for (int i = 0; i < kLines; ++i)
-        expected.append(QString("other %1").arg(i));
-    QStringList lines = readTextLines(log).value_or(QStringList());
-    lines.sort();
-    expected.sort();
-    EXPECT_EQ(lines, expected);
 }

@@ -44,7 +44,7 @@ struct Editing : quorvane::test::CoreTest
 
 } // namespace
 
-TEST_F(Editing, AdditionsTakeNumbersFrom70000AndLandAtTheEndOfListMasterAndUnknown)
+TEST_F(Editing, AdditionsTakeNumbersFrom70000AtTheEndOfTheFilesCorrectionsAndDeletionsReachEveryEntry)
 {
     folder.write(kList, "casa|house|01234\r\n");
     folder.write(kMaster, "casa|house|01234\r\nperro|dog|01300"); // its last line has no line end
@@ -69,10 +69,9 @@ TEST_F(Editing, AdditionsTakeNumbersFrom70000AndLandAtTheEndOfListMasterAndUnkno
     EXPECT_EQ(add_word(session, {"luna", "moon", ""}), QString("71234"));
     EXPECT_EQ(folder.read(kMaster), "luna|moon|71234\r\n");
     EXPECT_EQ(folder.read(kHigh), " 71235\r\n");
-}
 
-TEST_F(Editing, CorrectionAndDeletionRewriteEveryEntryOfTheNumberInEachFileAndLogTheMasterOnce)
-{
+    // A correction or a deletion rewrites every entry of the number in each file, and logs the master once.
+    session.list_file = folder.file(kList);
     folder.write(kList, "casa|house|01234\r\nni\xF1o|child|01500\r\ncasita|little house|01234\r\n");
     folder.write(kMaster, "agua|water|01002\r\ncasa|house|01234\r\n");
     folder.write(kUnknown, "casa|house|01234\r\n");
