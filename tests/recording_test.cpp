@@ -433,11 +433,18 @@ TEST(RecordWindow, SplitsTheListPlaysClickedWordsAndReturns)
     EXPECT_TRUE(said.size() == 2 && said[0] != said[1]) << said.join('\n').toStdString();
     EXPECT_EQ(record->record_speed->text(), "Click for fast method");
 
-    // A correction reaches the list file (the missing master ends the save).
+    // The editing buttons: a correction reaches the list file (the missing master ends the save),
+    // the list editor opens, and packing can be cancelled.
     select_row(record->span_list_w, 0);
     record->left_word->setText("palabro");
     record->save_text->click();
     EXPECT_TRUE(program.folder.read("languages/spanish/words.txt").startsWith("palabro|word0|01000\r\n"));
+    record->Command1->click();
+    ASSERT_NE(quorvane::window("edit_list"), nullptr);
+    quorvane::window("edit_list")->close();
+    program.prompts.push(false);
+    record->zip->click();
+    EXPECT_EQ(program.prompts.texts().last(), "The action has been cancelled.");
 
     record->exit_button->click();
     EXPECT_EQ(quorvane::window("qvrecord"), nullptr);
