@@ -97,4 +97,29 @@ QString folderNotMade(const QString& folder, const QString& cause)
     return QStringLiteral("Quorvane could not set up your folder %1: %2").arg(path(folder), cause);
 }
 
+QString stagingNotMade(const QString& folder)
+{
+    return QStringLiteral("the folder %1 cannot be made.").arg(folder);
+}
+
+QString copyNotRead(const QString& file, const QString& reason)
+{
+    return QStringLiteral("%1 cannot be read (%2).").arg(file, reason);
+}
+
+QString copyNotWritten(const QString& file, const QString& reason)
+{
+    return QStringLiteral("%1 cannot be written (%2).").arg(file, reason);
+}
+
+QString copyNotSaved(const QString& folder, const QString& reason)
+{
+    return QStringLiteral("the copy in %1 cannot be saved to the disk (%2).").arg(folder, reason);
+}
+
+QString copyNotRenamed(const QString& from, const QString& to)
+{
+    return QStringLiteral("%1 cannot be renamed to %2.").arg(from, to);
+}
+
 } // namespace quorvane::main_texts

@@ -76,4 +76,12 @@ QString sampleCopied(const QString& folder);
 QString noSampleCourse(const QString& folder);
 QString folderNotMade(const QString& folder, const QString& cause);
 
+// A step of copying the sample course that failed; the paths come as the user's system writes them.
+QString stagingNotMade(const QString& folder);
+QString copyNotRead(const QString& file, const QString& reason);
+QString copyNotWritten(const QString& file, const QString& reason);
+QString copyNotSaved(const QString& folder, const QString& reason);
+QString copyNotRenamed(const QString& from, const QString& to);
+inline const QString kFolderCannotBeMade = QStringLiteral("the folder cannot be made.");
+
 } // namespace quorvane::main_texts

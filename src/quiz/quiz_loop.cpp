@@ -222,7 +222,7 @@ private:
             ++q.correct_count;
             m_view.showFeedback(feedback, false);
         } else {
-            m_view.showFeedback(feedback + u'\r' + QStringLiteral("not ") + q.typed_answer, true);
+            m_view.showFeedback(feedback + u'\r' + quiz_texts::kTypedAnswerPrefix + q.typed_answer, true);
         }
         return right;
     }

@@ -72,4 +72,7 @@ inline const QString kNoResultsYet =
     QStringLiteral("There are no test results yet: they are recorded from the first test taken.");
 inline const QString kListRequired = QStringLiteral("You must first select one of the word/phrase lists.");
 
+// Put before the student's typed answer on the line under the right one.
+inline const QString kTypedAnswerPrefix = QStringLiteral("not ");
+
 } // namespace quorvane::quiz_texts

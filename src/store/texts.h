@@ -99,4 +99,8 @@ QString newListHeader(const QString& language);
 QString notMade(const QString& path, const QString& reason);
 inline const QString kNameHoldsSeparator = QStringLiteral("a name cannot hold \"/\"");
 
+// The causes a write names for the two failures users meet most.
+inline const QString kDiskFull = QStringLiteral("the disk is full");
+inline const QString kFileBusy = QStringLiteral("another copy of Quorvane keeps it busy");
+
 } // namespace quorvane::store_texts

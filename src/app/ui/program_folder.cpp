@@ -92,7 +92,7 @@ bool copySampleCourse(const QString& sample, const QString& folder, const std::f
         return false;
     };
     if (!QDir().mkpath(staging))
-        return fail(QStringLiteral("the folder %1 cannot be made.").arg(main_texts::path(staging)));
+        return fail(main_texts::stagingNotMade(main_texts::path(staging)));
 
     QStringList files;
     const QDir source(sample);
@@ -109,20 +109,18 @@ bool copySampleCourse(const QString& sample, const QString& folder, const std::f
         const QString target = QDir(staging).filePath(files[i]);
         QFile in(from);
         if (!in.open(QIODevice::ReadOnly))
-            return fail(QStringLiteral("%1 cannot be read (%2).").arg(main_texts::path(from), in.errorString()));
+            return fail(main_texts::copyNotRead(main_texts::path(from), in.errorString()));
         QFile out(target);
         if (!QDir().mkpath(QFileInfo(target).absolutePath()) || !out.open(QIODevice::WriteOnly) ||
             out.write(in.readAll()) != in.size() || !out.flush())
-            return fail(QStringLiteral("%1 cannot be written (%2).").arg(main_texts::path(target), out.errorString()));
+            return fail(main_texts::copyNotWritten(main_texts::path(target), out.errorString()));
         if (progress)
             progress(i + 1, files.size());
     }
     if (!syncFolder(staging))
-        return fail(QStringLiteral("the copy in %1 cannot be saved to the disk (%2).")
-                        .arg(main_texts::path(staging), QString::fromLocal8Bit(std::strerror(errno))));
+        return fail(main_texts::copyNotSaved(main_texts::path(staging), QString::fromLocal8Bit(std::strerror(errno))));
     if (!QDir().rename(staging, folder))
-        return fail(
-            QStringLiteral("%1 cannot be renamed to %2.").arg(main_texts::path(staging), main_texts::path(folder)));
+        return fail(main_texts::copyNotRenamed(main_texts::path(staging), main_texts::path(folder)));
     return true;
 }
 
@@ -185,7 +183,7 @@ bool Launcher::prepareUserFolder(const QString& folder, const QString& programDi
     bool made = false;
     if (sample.isEmpty()) {
         made = QDir().mkpath(folder);
-        error = QStringLiteral("the folder cannot be made.");
+        error = main_texts::kFolderCannotBeMade;
         *notice = main_texts::noSampleCourse(folder);
     } else {
         // Shown only when the copy takes longer than half a second.
