@@ -1,6 +1,6 @@
 #include "app/command_line.h"
 
-#include "app/launch_texts.h"
+#include "app/texts.h"
 #include "core/product.h"
 
 #include <QCommandLineParser>
@@ -14,7 +14,7 @@ CommandLine failure(const QString& cause)
 {
     CommandLine line;
     line.action = CommandLine::Action::fail;
-    line.output = QStringLiteral("quorvane: ") + cause + QLatin1Char('\n') + launch_texts::kTryHelp + QLatin1Char('\n');
+    line.output = QStringLiteral("quorvane: ") + cause + QLatin1Char('\n') + main_texts::kTryHelp + QLatin1Char('\n');
     return line;
 }
 
@@ -25,11 +25,11 @@ bool usableFolder(const QString& folder, QString* error)
     const QFileInfo info(folder);
     QString cause;
     if (!info.exists())
-        cause = launch_texts::folderMissing(folder);
+        cause = main_texts::folderMissing(folder);
     else if (!info.isDir())
-        cause = launch_texts::notAFolder(folder);
+        cause = main_texts::notAFolder(folder);
     else if (!info.isReadable() || !info.isWritable() || !info.isExecutable())
-        cause = launch_texts::folderNotWritable(folder);
+        cause = main_texts::folderNotWritable(folder);
     if (error)
         *error = cause;
     return cause.isEmpty();
@@ -38,14 +38,13 @@ bool usableFolder(const QString& folder, QString* error)
 CommandLine parseCommandLine(const QStringList& arguments, const QString& userFolder)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(launch_texts::kDescription);
+    parser.setApplicationDescription(main_texts::kDescription);
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
     const QCommandLineOption folder(QStringLiteral("folder"),
-                                    launch_texts::kFolderOption.arg(launch_texts::path(userFolder)),
-                                    launch_texts::kFolderValue);
-    const QCommandLineOption student(QStringLiteral("student"), launch_texts::kStudentOption,
-                                     launch_texts::kStudentValue);
+                                    main_texts::kFolderOption.arg(main_texts::path(userFolder)),
+                                    main_texts::kFolderValue);
+    const QCommandLineOption student(QStringLiteral("student"), main_texts::kStudentOption, main_texts::kStudentValue);
     parser.addOption(folder);
     parser.addOption(student);
 
@@ -59,7 +58,7 @@ CommandLine parseCommandLine(const QStringList& arguments, const QString& userFo
         return line;
     }
     if (!parser.positionalArguments().isEmpty())
-        return failure(launch_texts::kNoArguments);
+        return failure(main_texts::kNoArguments);
     if (parser.isSet(folder)) {
         line.folder = QFileInfo(parser.value(folder)).absoluteFilePath();
         QString error;
@@ -70,10 +69,10 @@ CommandLine parseCommandLine(const QStringList& arguments, const QString& userFo
         line.hasStudent = true;
         line.student = parser.value(student);
         if (line.student.isEmpty())
-            return failure(launch_texts::kEmptyStudent);
+            return failure(main_texts::kEmptyStudent);
         if (line.student.contains(QLatin1Char('/')) || line.student.contains(QLatin1Char('\\')) ||
             line.student == QLatin1String(".") || line.student == QLatin1String(".."))
-            return failure(launch_texts::badStudent(line.student));
+            return failure(main_texts::badStudent(line.student));
     }
     return line;
 }

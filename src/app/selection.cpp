@@ -70,7 +70,7 @@ bool choose_list(Session& session, const QString& list, bool known)
     if (known)
         arrays = read_word_file(shown, &error, previous);
     if (known && !arrays) {
-        error = texts::fileNotRead(shown, error);
+        error = store_texts::fileNotRead(shown, error);
     } else if (!make_unknowns_file(files, &error)) {
         if (!known)
             arrays.reset();
@@ -79,7 +79,7 @@ bool choose_list(Session& session, const QString& list, bool known)
         if (!known) {
             arrays = read_word_file(shown, &error, previous);
             if (!arrays)
-                error = texts::fileNotRead(shown, error);
+                error = store_texts::fileNotRead(shown, error);
         }
     }
     if (!error.isEmpty())

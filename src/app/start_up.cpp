@@ -60,7 +60,7 @@ bool lock_student_folder(Session& session)
 
 void ask_user_name(Session& session)
 {
-    session.user_name = session.prompts.input(texts::namePrompt(), texts::nameTitle());
+    session.user_name = session.prompts.input(store_texts::kNamePrompt, store_texts::kNameTitle);
     QDir().mkdir(paths::usersFolder());
     session.user_folder = paths::userFolder(session.user_name);
     QDir().mkdir(session.user_folder);
@@ -69,15 +69,15 @@ void ask_user_name(Session& session)
 bool start_up(Session& session)
 {
     if (!session.sound.available()) {
-        session.prompts.message(texts::soundLibraryMissing());
+        session.prompts.message(store_texts::kSoundLibraryMissing);
         return false;
     }
     session.sound_ok = session.sound.init(kMixRate, kMixChannels, 0);
     if (!session.sound_ok)
-        session.prompts.message(texts::soundStartFailed(sound_error_text(session.sound.getError())));
+        session.prompts.message(store_texts::soundStartFailed(sound_error_text(session.sound.getError())));
     ask_user_name(session);
     if (!lock_student_folder(session)) {
-        session.prompts.message(texts::studentAlreadyOpen(session.user_name));
+        session.prompts.message(store_texts::studentAlreadyOpen(session.user_name));
         return false;
     }
     removeStrayRewrites(paths::programFolder());

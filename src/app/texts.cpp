@@ -2,23 +2,12 @@
 
 #include "core/product.h"
 #include "review/texts.h"
-#include "store/search_texts.h"
+#include "store/texts.h"
 
+#include <QDir>
 #include <QHash>
 
 namespace quorvane::main_texts {
-
-namespace {
-QString web()
-{
-    return QString::fromLatin1(product::kWebAddress);
-}
-} // namespace
-
-QString windowTitle()
-{
-    return web();
-}
 
 QString caption(const QString& name)
 {
@@ -52,10 +41,10 @@ QString caption(const QString& name)
         {QStringLiteral("Troubleshooting"), QStringLiteral("&Troubleshooting")},
         {QStringLiteral("About1"), QStringLiteral("&About")},
         {QStringLiteral("small_flash"), QStringLiteral("Small Flash Card (Stays On Top)")},
-        {QStringLiteral("Label5"), moreWordsLine()},
-        {QStringLiteral("toggle_font"), increaseFont()},
-        {QStringLiteral("Contributors"), search_texts::pairingMenu()},
-        {QStringLiteral("pair_recordings"), search_texts::pairingItem()},
+        {QStringLiteral("Label5"), kMoreWordsLine},
+        {QStringLiteral("toggle_font"), kIncreaseFont},
+        {QStringLiteral("Contributors"), store_texts::kPairingMenu},
+        {QStringLiteral("pair_recordings"), store_texts::kPairingItem},
         {QStringLiteral("Tools"), review_texts::kToolsMenu},
         {QStringLiteral("Progress"), review_texts::kProgressItem},
         {QStringLiteral("review_settings"), review_texts::kSettingsItem},
@@ -63,87 +52,74 @@ QString caption(const QString& name)
     return captions.value(name);
 }
 
-QString increaseFont()
+QString path(const QString& file)
 {
-    return QStringLiteral("Increase Font");
+    return QDir::toNativeSeparators(file);
 }
 
-QString decreaseFont()
+QString folderMissing(const QString& folder)
 {
-    return QStringLiteral("Decrease Font");
+    return QStringLiteral("the folder %1 does not exist.").arg(path(folder));
 }
 
-QString moreWordsLine()
+QString notAFolder(const QString& folder)
 {
-    return QStringLiteral("More words, phrases and languages can be obtained at %1").arg(web());
+    return QStringLiteral("%1 is not a folder.").arg(path(folder));
 }
 
-QString instructionsTitle()
+QString folderNotWritable(const QString& folder)
 {
-    return QStringLiteral("Instructions");
+    return QStringLiteral("the folder %1 cannot be written to (Quorvane keeps each student's words there).")
+        .arg(path(folder));
 }
 
-QString instructions()
+QString badStudent(const QString& name)
 {
-    return QStringLiteral(
-        "First select a language to learn by clicking on its name at the top left. Lists of words for that "
-        "language will then appear.  Click on one of the lists to see the words on that list. Click on a word to "
-        "hear it. Click on 'flash cards' to randomnly play words on the selected list.  You can double-click on "
-        "a word to move it from the 'unknown' list to the 'known' list. The program remembers which words you "
-        "have marked as 'known' for the next time you run the program. You can review the words you've marked "
-        "as 'known' and double-click on them to move them back onto the 'unknown' list. ");
+    return QStringLiteral("the student's name \"%1\" cannot be a folder name; leave out / and \\.").arg(name);
 }
 
-QString helpTitle()
+QString sampleCopied(const QString& folder)
 {
-    return QStringLiteral("Help");
+    return QStringLiteral("Your Quorvane folder is %1. The sample course was copied there: your word lists, "
+                          "recordings and progress are kept in it.")
+        .arg(path(folder));
 }
 
-QString help()
+QString noSampleCourse(const QString& folder)
 {
-    return QStringLiteral("For general instructions on how to use the program, click on Instructions.") +
-           QStringLiteral("  Additional words, phrases and languages can be had at %1.").arg(web()) +
-           QStringLiteral("  For further help, contact %1 by e-mail at %2 or by telephone at %3.")
-               .arg(QString::fromLatin1(product::kMaintainerName), QString::fromLatin1(product::kMaintainerEmail),
-                    QString::fromLatin1(product::kMaintainerTelephone));
+    return QStringLiteral("Your Quorvane folder is %1. The sample course was not found beside the program, so "
+                          "the folder starts empty: add a language with \"Add new language\".")
+        .arg(path(folder));
 }
 
-QString troubleshootingTitle()
+QString folderNotMade(const QString& folder, const QString& cause)
 {
-    return QStringLiteral("Troubleshooting");
+    return QStringLiteral("Quorvane could not set up your folder %1: %2").arg(path(folder), cause);
 }
 
-QString troubleshooting()
+QString stagingNotMade(const QString& folder)
 {
-    const QString cr = QStringLiteral("\r");
-    const QString tab = QStringLiteral("\t");
-    return QStringLiteral("See the Help section if this information does not solve the problem.  ") +
-           QStringLiteral("The program depends on the sound files and word lists ") +
-           QStringLiteral("to be in a certain location relative to the quorvane.exe program.  The following files "
-                          "have to be in ") +
-           QStringLiteral("the indicated sub-folders relative to the quorvane.exe program. ") + cr + cr +
-           QStringLiteral("quorvane.exe") + tab + QStringLiteral("in 'quorvane' folder") + cr +
-           QStringLiteral("fmod.dll") + cr + QStringLiteral("mp3 and wav sound files") + tab +
-           QStringLiteral("example: quorvane\\languages\\spanish\\01\\01436.mp3") + cr +
-           QStringLiteral("text files of word lists") + tab +
-           QStringLiteral("example: quorvane\\languages\\spanish\\most_common_words.txt") + cr +
-           QStringLiteral("the users known word lists") + tab +
-           QStringLiteral("example: quorvane\\users\\kestrin\\spanish\\most_common_words-u.txt");
+    return QStringLiteral("the folder %1 cannot be made.").arg(folder);
 }
 
-QString aboutTitle()
+QString copyNotRead(const QString& file, const QString& reason)
 {
-    return QStringLiteral("About ") + web() + QStringLiteral(" Vocabulary Tutor");
+    return QStringLiteral("%1 cannot be read (%2).").arg(file, reason);
 }
 
-QString about()
+QString copyNotWritten(const QString& file, const QString& reason)
 {
-    return QStringLiteral("%1 Vocabulary Tutor, version %2, released %3.  Newer versions may be found at %4.  "
-                          "This program is free for personal use and may be distributed freely.  For the terms "
-                          "under which contributors may record and ")
-               .arg(QString::fromLatin1(product::kName), QString::fromLatin1(product::kVersion),
-                    QString::fromLatin1(product::kReleaseDate), web()) +
-           QStringLiteral("edit words and phrases, see also the license on the 'Record and Edit' form.");
+    return QStringLiteral("%1 cannot be written (%2).").arg(file, reason);
+}
+
+QString copyNotSaved(const QString& folder, const QString& reason)
+{
+    return QStringLiteral("the copy in %1 cannot be saved to the disk (%2).").arg(folder, reason);
+}
+
+QString copyNotRenamed(const QString& from, const QString& to)
+{
+    return QStringLiteral("%1 cannot be renamed to %2.").arg(from, to);
 }
 
 } // namespace quorvane::main_texts

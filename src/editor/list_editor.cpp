@@ -14,8 +14,8 @@ namespace quorvane {
 ListEditorOpening open_list_editor(Session& session)
 {
     if (session.current_list.isEmpty()) {
-        session.prompts.message(editor_texts::noListChosen());
-        session.current_list = editor_texts::temporaryList();
+        session.prompts.message(editor_texts::kNoListChosen);
+        session.current_list = editor_texts::kTemporaryList;
         return {paths::listFile(session.languages_folder, session.current_language, session.current_list), {}};
     }
     ListEditorOpening opening{paths::listFile(session.languages_folder, session.current_language, session.current_list),
@@ -50,13 +50,13 @@ bool save_list_text(const QString& path, const QString& text, QString* error)
 
 std::optional<NewListOutcome> start_new_list(Session& session)
 {
-    const QString name = session.prompts.input(editor_texts::newListPrompt());
+    const QString name = session.prompts.input(editor_texts::kNewListPrompt);
     if (name.isEmpty())
         return std::nullopt;
     NewListOutcome outcome{paths::listFile(session.languages_folder, session.current_language, name), false,
                            editor_texts::languageAndList(session.current_language, session.current_list)};
     if (QFileInfo::exists(outcome.list_path)) {
-        session.prompts.message(editor_texts::fileExists());
+        session.prompts.message(editor_texts::kFileExists);
         return outcome;
     }
     outcome.clear_text = true;

@@ -124,7 +124,7 @@ std::optional<ImportBatch> readAnkiPackage(const QString& path, QString* error)
     ImportBatch batch;
     for (qsizetype n = 0; n < notes->size(); ++n) {
         const QStringList& fields = notes->at(n);
-        const QString name = QStringLiteral("note %1").arg(n + 1);
+        const QString name = exchange_texts::noteName(n + 1);
         QString sound;
         for (const QString& field : fields) {
             const auto found = soundTag.match(field);

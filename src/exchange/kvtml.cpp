@@ -134,7 +134,7 @@ ImportBatch kvtmlWords(const KvtmlFile& file, const QString& lesson, const QStri
     for (const KvtmlEntry& entry : file.entries) {
         if (!lesson.isEmpty() && !chosen.contains(entry.id))
             continue;
-        const QString name = QStringLiteral("entry %1").arg(entry.id);
+        const QString name = exchange_texts::entryName(entry.id);
         if (entry.word.trimmed().isEmpty()) {
             batch.skip(exchange_texts::entryReason(name, exchange_texts::kNoWord));
             continue;

@@ -115,4 +115,14 @@ QString progressLabel(const QString& path)
     return QStringLiteral("Importing %1 ...").arg(path);
 }
 
+QString noteName(qsizetype number)
+{
+    return QStringLiteral("note %1").arg(number);
+}
+
+QString entryName(const QString& id)
+{
+    return QStringLiteral("entry %1").arg(id);
+}
+
 } // namespace quorvane::exchange_texts

@@ -56,4 +56,8 @@ QString exportSummary(const QString& list, const QString& path, int entries, int
                       int recordingsLeftOut);
 QString progressLabel(const QString& path);
 
+// How a skipped entry of an imported deck is named: Anki's notes by their place, KVTML's entries by id.
+QString noteName(qsizetype number);
+QString entryName(const QString& id);
+
 } // namespace quorvane::exchange_texts

@@ -11,8 +11,8 @@
 #include "exchange/texts.h"
 #include "store/file_lock.h"
 #include "store/paths.h"
-#include "store/search_texts.h"
 #include "store/text_files.h"
+#include "store/texts.h"
 #include "store/word_files.h"
 
 #include <QDir>
@@ -264,7 +264,7 @@ std::optional<QString> import_word_list(Session& session, const QString& path, I
     Prompts& prompts = session.prompts;
     const QString& title = exchange_texts::kImportTitle;
     if (session.current_language.isEmpty()) {
-        prompts.message(search_texts::selectLanguageFirst());
+        prompts.message(store_texts::kSelectLanguageFirst);
         return std::nullopt;
     }
     QString error;

@@ -86,7 +86,7 @@ public:
         for (;;) {
             if (drawFirst) {
                 if (!m_rules.large && m_session.missing_sound_count > kMostMissingSounds) {
-                    m_session.prompts.message(flash_texts::notEnoughSounds());
+                    m_session.prompts.message(flash_texts::kNotEnoughSounds);
                     return;
                 }
                 m_session.skip_flag.clear();
@@ -186,7 +186,7 @@ private:
         const QString word = s.words.value(s.current_index);
         const QString translation = s.translations.value(s.current_index);
         if (m_rules.large) {
-            m_view.showWordCount(texts::wordsCaption(s.wordCount()));
+            m_view.showWordCount(store_texts::wordsCaption(s.wordCount()));
             m_view.setCardPoints(card_points(word, translation));
         }
         m_view.showCard(word, translation);

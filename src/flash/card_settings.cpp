@@ -30,7 +30,7 @@ void ask_repeat_count(Session& session)
 {
     // The box offers the count in use (or the usual one), so OK alone is never refused.
     const bool inRange = session.repeat_count >= kFewestRepeats && session.repeat_count <= kMostRepeats;
-    const QString answer = session.prompts.input(flash_texts::repeatCountPrompt(), QString(),
+    const QString answer = session.prompts.input(flash_texts::kRepeatCountPrompt, QString(),
                                                  QString::number(inRange ? session.repeat_count : kDefaultRepeats));
     // An answer that is no 16-bit number counts as out of range.
     if (const auto count = basic::toInteger(answer)) {
@@ -39,7 +39,7 @@ void ask_repeat_count(Session& session)
             return;
     }
     session.repeat_count = kDefaultRepeats;
-    session.prompts.message(flash_texts::repeatCountReset());
+    session.prompts.message(flash_texts::kRepeatCountReset);
 }
 
 void change_speed(Session& session, CardStyle kind)
@@ -48,8 +48,8 @@ void change_speed(Session& session, CardStyle kind)
     const float usual = large ? 0.2f : 0.1f;
     const bool inRange = session.speed >= kFastestSpeed && session.speed <= kSlowestSpeed;
     const QString entry =
-        session.prompts.input(large ? flash_texts::largeSpeedPrompt() : flash_texts::smallSpeedPrompt(),
-                              flash_texts::speedTitle(), QString::number(double(inRange ? session.speed : usual)));
+        session.prompts.input(large ? flash_texts::kLargeSpeedPrompt : flash_texts::kSmallSpeedPrompt,
+                              flash_texts::kSpeedTitle, QString::number(double(inRange ? session.speed : usual)));
     const auto speed = basic::toSingle(entry);
     if (!speed)
         return;
@@ -61,37 +61,37 @@ void change_speed(Session& session, CardStyle kind)
     }
     if (session.speed < kFastestSpeed || session.speed > kSlowestSpeed) {
         session.speed = usual;
-        session.prompts.message(large ? flash_texts::largeSpeedRefused() : flash_texts::smallSpeedRefused());
+        session.prompts.message(large ? flash_texts::kLargeSpeedRefused : flash_texts::kSmallSpeedRefused);
     }
 }
 
 void ask_delay_top(Session& session)
 {
-    askNumber(session, flash_texts::delayTopPrompt(), session.delay_top);
+    askNumber(session, flash_texts::kDelayTopPrompt, session.delay_top);
 }
 
 void ask_delay_bottom(Session& session)
 {
-    askNumber(session, flash_texts::delayBottomPrompt(), session.delay_bottom);
+    askNumber(session, flash_texts::kDelayBottomPrompt, session.delay_bottom);
 }
 
 void ask_interlace(Session& session, CardStyle kind)
 {
     askNumber(session,
-              kind == CardStyle::large ? flash_texts::largeInterlacePrompt() : flash_texts::smallInterlacePrompt(),
+              kind == CardStyle::large ? flash_texts::kLargeInterlacePrompt : flash_texts::kSmallInterlacePrompt,
               session.interlace_count);
     session.say_mode = flags::kInterlace;
 }
 
 void choose_top_only(Session& session)
 {
-    session.prompts.message(flash_texts::topOnlyMessage());
+    session.prompts.message(flash_texts::kTopOnlyMessage);
     session.say_mode = flags::kNo;
 }
 
 void choose_both(Session& session)
 {
-    session.prompts.message(flash_texts::bothMessage());
+    session.prompts.message(flash_texts::kBothMessage);
     session.say_mode = flags::kYes;
 }
 

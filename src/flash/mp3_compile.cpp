@@ -132,31 +132,31 @@ QString recording_path(const Session& session, const QString& soundNumber, const
 void create_mp3(Session& session)
 {
     if (const auto words =
-            basic::toInteger(session.prompts.input(flash_texts::createMp3Prompt(), QString(), kRecommendedWords)))
+            basic::toInteger(session.prompts.input(flash_texts::kCreateMp3Prompt, QString(), kRecommendedWords)))
         session.mp3_words_left = *words;
     QFile::remove(paths::mp3OutputFile());
     QFile::remove(mp3_capture_file());
-    session.prompts.message(flash_texts::createMp3Started());
+    session.prompts.message(flash_texts::kCreateMp3Started);
 }
 
 void auto_mp3(Session& session, const Mp3Progress& progress)
 {
     Prompts& prompts = session.prompts;
-    if (!prompts.okCancel(flash_texts::autoMp3Confirm())) {
-        prompts.message(flash_texts::cancelled());
+    if (!prompts.okCancel(flash_texts::kAutoMp3Confirm)) {
+        prompts.message(flash_texts::kCancelled);
         return;
     }
     // Cancel gives an empty entry; an entry that is no number is taken the same way.
     const auto repeats =
-        basic::toInteger(prompts.input(flash_texts::autoMp3RepeatPrompt(), QString(), kRecommendedRepeats));
+        basic::toInteger(prompts.input(flash_texts::kAutoMp3RepeatPrompt, QString(), kRecommendedRepeats));
     if (!repeats) {
-        prompts.message(flash_texts::cancelled());
+        prompts.message(flash_texts::kCancelled);
         return;
     }
     const auto pieces =
-        silencePieces(prompts.input(flash_texts::autoMp3SilencePrompt(), QString(), kRecommendedSilence));
+        silencePieces(prompts.input(flash_texts::kAutoMp3SilencePrompt, QString(), kRecommendedSilence));
     if (!pieces) {
-        prompts.message(flash_texts::cancelled());
+        prompts.message(flash_texts::kCancelled);
         return;
     }
     session.silence_count = *pieces;
@@ -232,7 +232,7 @@ void auto_mp3(Session& session, const Mp3Progress& progress)
     // The files are whole whatever becomes of their playlist: that is said last.
     const bool listed = playlist.isEmpty() || writeBytes(kPlaylistFile, m3u8_playlist(playlist), &error);
     if (done == 0 && count > 0)
-        prompts.message(flash_texts::cancelled());
+        prompts.message(flash_texts::kCancelled);
     else if (done < count)
         prompts.message(flash_texts::mp3Stopped(done, last));
     else

@@ -52,19 +52,19 @@ public:
         const auto questions = basic::toInteger(basic::leadingNumber(m_view.questionsText()));
         // Only zero is refused: a negative count runs until stopped, as designed.
         if (!questions || *questions == 0) {
-            s.prompts.message(quiz_texts::questionsRefused());
+            s.prompts.message(quiz_texts::kQuestionsRefused);
             return false;
         }
         m_state.num_questions = *questions;
         m_view.showAnswerBox(m_view.kind() != TestKind::multipleChoice);
         m_state.seconds_per_question = static_cast<float>(basic::leadingNumber(m_view.secondsText()));
         if (m_state.seconds_per_question == 0.0f) {
-            s.prompts.message(quiz_texts::secondsRefused());
+            s.prompts.message(quiz_texts::kSecondsRefused);
             return false;
         }
         loadSource();
         if (s.wordCount() <= 0) {
-            s.prompts.message(quiz_texts::emptySource());
+            s.prompts.message(quiz_texts::kEmptySource);
             return false;
         }
         choosePresentation();
@@ -97,7 +97,7 @@ private:
             break;
         case 2:
             create_array_of_words(s, s.master_file);
-            m_state.list_label = quiz_texts::masterSource();
+            m_state.list_label = quiz_texts::kMasterSource;
             break;
         default:
             break;
@@ -151,7 +151,7 @@ private:
                 would_synthesize(s, s.sound_numbers.value(index), s.current_language, q.question_word))
                 break;
             // OK draws another word, not counted; Cancel ends the test with its results.
-            if (!s.prompts.okCancel(quiz_texts::soundMissing())) {
+            if (!s.prompts.okCancel(quiz_texts::kSoundMissing)) {
                 finish_test(s, m_view, q);
                 return Step::end;
             }
@@ -222,7 +222,7 @@ private:
             ++q.correct_count;
             m_view.showFeedback(feedback, false);
         } else {
-            m_view.showFeedback(feedback + u'\r' + QStringLiteral("not ") + q.typed_answer, true);
+            m_view.showFeedback(feedback + u'\r' + quiz_texts::kTypedAnswerPrefix + q.typed_answer, true);
         }
         return right;
     }

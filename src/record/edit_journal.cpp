@@ -1,6 +1,6 @@
 #include "record/edit_journal.h"
 
-#include "record/editing_texts.h"
+#include "record/texts.h"
 #include "store/text_files.h"
 
 #include <QDir>
@@ -99,7 +99,7 @@ bool replayAppend(const Journal::Append& append, QString* error)
             return true; // not ours: nothing of this append reached the file
         if (!restoreLength(append.path, append.before)) {
             if (error)
-                *error = editing_texts::fileNotWritten(append.path, QFile(append.path).errorString());
+                *error = record_texts::fileNotWritten(append.path, QFile(append.path).errorString());
             return false;
         }
     }
@@ -109,7 +109,7 @@ bool replayAppend(const Journal::Append& append, QString* error)
     if (appendTextLines(append.path, lines, &cause))
         return true;
     if (error)
-        *error = editing_texts::fileNotWritten(append.path, cause);
+        *error = record_texts::fileNotWritten(append.path, cause);
     return false;
 }
 
@@ -120,7 +120,7 @@ bool replay(const Journal& journal, QString* error)
         QString cause;
         if (QFileInfo::exists(staged) && !renameIntoPlace(staged, target, &cause)) {
             if (error)
-                *error = editing_texts::fileNotWritten(target, cause);
+                *error = record_texts::fileNotWritten(target, cause);
             return false;
         }
     }
@@ -152,13 +152,13 @@ bool apply_edit(const QString& languageFolder, const EditPlan& plan, QString* er
     QString cause;
     if (!writeBytes(path, journal.encoded(), &cause)) {
         if (error)
-            *error = editing_texts::fileNotWritten(path, cause);
+            *error = record_texts::fileNotWritten(path, cause);
         return false;
     }
     for (qsizetype i = 0; i < plan.rewrites.size(); ++i) {
         if (!writeBytes(journal.renames[i].first, plan.rewrites[i].bytes, &cause)) {
             if (error)
-                *error = editing_texts::fileNotWritten(plan.rewrites[i].path, cause);
+                *error = record_texts::fileNotWritten(plan.rewrites[i].path, cause);
             rollBack(journal, path);
             return false;
         }
@@ -166,14 +166,14 @@ bool apply_edit(const QString& languageFolder, const EditPlan& plan, QString* er
     journal.committed = true;
     if (!writeBytes(path, journal.encoded(), &cause)) {
         if (error)
-            *error = editing_texts::fileNotWritten(path, cause);
+            *error = record_texts::fileNotWritten(path, cause);
         rollBack(journal, path);
         return false;
     }
     // Committed: from here the change is made, now or, should the disk refuse twice, at the next start.
     if (!replay(journal, nullptr) && !replay(journal, error)) {
         if (error)
-            *error = editing_texts::completedLater(*error);
+            *error = record_texts::completedLater(*error);
         return false;
     }
     QFile::remove(path);

@@ -4,7 +4,7 @@
 #include "core/flags.h"
 #include "core/session.h"
 #include "record/edit_journal.h"
-#include "record/editing_texts.h"
+#include "record/texts.h"
 #include "store/file_lock.h"
 #include "store/paths.h"
 #include "store/text_files.h"
@@ -43,7 +43,7 @@ std::optional<std::optional<QByteArray>> readIfThere(const QString& path, QStrin
         return std::optional<QByteArray>();
     if (!file.open(QIODevice::ReadOnly)) {
         if (error)
-            *error = editing_texts::fileNotRead(path, file.errorString());
+            *error = record_texts::fileNotRead(path, file.errorString());
         return std::nullopt;
     }
     return std::optional<QByteArray>(file.readAll());
@@ -55,7 +55,7 @@ std::optional<QString> readHighest(const QString& path, QString* error)
     const auto bytes = readIfThere(path, error);
     if (!bytes)
         return std::nullopt;
-    return *bytes ? splitLines(decodeWindows1252(**bytes)).value(0) : editing_texts::firstNewNumber();
+    return *bytes ? splitLines(decodeWindows1252(**bytes)).value(0) : record_texts::kFirstNewNumber;
 }
 
 // The language's lock, taken around the read and the change of its files; an edit a killed copy
@@ -115,8 +115,8 @@ QByteArray replaced(const QByteArray& bytes, const EditedEntry& entry, bool dele
         if (!deleting)
             rewritten.append(replacement);
         if (isMaster)
-            logLines->append((deleting ? editing_texts::deletedMarker() : decodeWindows1252(line.toByteArray())) +
-                             editing_texts::changeArrow() + entryLine(entry, entry.current_sound_number));
+            logLines->append((deleting ? record_texts::kDeletedMarker : decodeWindows1252(line.toByteArray())) +
+                             record_texts::kChangeArrow + entryLine(entry, entry.current_sound_number));
     }
     return rewritten;
 }
@@ -152,7 +152,7 @@ std::optional<QString> get_high(const Session& session, QString* error)
     QString cause;
     if (!writeBytes(path, nextHighest(*highestNumber), &cause)) {
         if (error)
-            *error = editing_texts::fileNotWritten(path, cause);
+            *error = record_texts::fileNotWritten(path, cause);
         return std::nullopt;
     }
     return highestNumber->trimmed();

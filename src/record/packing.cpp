@@ -4,7 +4,7 @@
 #include "core/prompts.h"
 #include "core/session.h"
 #include "record/edit_journal.h"
-#include "record/editing_texts.h"
+#include "record/texts.h"
 #include "store/paths.h"
 #include "store/text_files.h"
 #include "store/word_files.h"
@@ -61,7 +61,7 @@ void showProgress(Session& session, PackingView* view, const QString& archiveNam
 {
     if (!view)
         return;
-    view->show_packing_progress(editing_texts::packingProgress(archiveName, percent));
+    view->show_packing_progress(record_texts::packingProgress(archiveName, percent));
     session.clock.processEvents();
 }
 
@@ -178,15 +178,15 @@ void pack_folder_recordings(Session& session, const QString& kind, PackingReport
         QString error;
         const auto bytes = build_zip(
             files, true, [&](int percent) { showProgress(session, view, copyName, percent); }, &error);
-        session.prompts.message(editing_texts::workingOn(copyName));
+        session.prompts.message(record_texts::workingOn(copyName));
         // A failure is noted and the next folder is tried.
         const QString copy = paths::recordingArchiveCopy(session.current_language, subfolder);
         if (!bytes)
-            report.failed.append(editing_texts::archiveFailed(copy, error));
+            report.failed.append(record_texts::archiveFailed(copy, error));
         else if (!writeBytes(archive, *bytes, &error))
-            report.failed.append(editing_texts::archiveFailed(archive, error));
+            report.failed.append(record_texts::archiveFailed(archive, error));
         else if (!writeBytes(copy, *bytes, &error))
-            report.failed.append(editing_texts::archiveFailed(copy, error));
+            report.failed.append(record_texts::archiveFailed(copy, error));
         else
             report.written.append(copy);
     }
@@ -196,14 +196,14 @@ bool pack_recordings(Session& session, PackingView* view)
 {
     const QString recordings = paths::recordingsFolder();
     if (!session.prompts.okCancel(
-            editing_texts::packingQuestion(session.current_language, withoutSeparator(recordings)))) {
-        session.prompts.message(editing_texts::cancelled());
+            record_texts::packingQuestion(session.current_language, withoutSeparator(recordings)))) {
+        session.prompts.message(record_texts::kCancelled);
         return false;
     }
     PackingReport report;
     if (!QDir().mkpath(paths::recordingArchivesFolder())) {
         session.prompts.message(
-            editing_texts::packingFailed(paths::recordingArchivesFolder(), editing_texts::kFolderNotMade));
+            record_texts::packingFailed(paths::recordingArchivesFolder(), record_texts::kPackingFolderNotMade));
         return false;
     }
     pack_folder_recordings(session, QStringLiteral("str"), report, view);
@@ -219,15 +219,15 @@ bool pack_recordings(Session& session, PackingView* view)
         files, false, [&](int percent) { showProgress(session, view, archiveName, percent); }, &error);
     const QString copy = paths::textArchiveCopy(session.current_language);
     if (!bytes || !writeBytes(archive, *bytes, &error)) {
-        report.failed.append(editing_texts::archiveFailed(archive, error));
+        report.failed.append(record_texts::archiveFailed(archive, error));
     } else {
-        session.prompts.message(editing_texts::busy());
+        session.prompts.message(record_texts::kBusy);
         if (writeBytes(copy, *bytes, &error))
             report.written.append(copy);
         else
-            report.failed.append(editing_texts::archiveFailed(copy, error));
+            report.failed.append(record_texts::archiveFailed(copy, error));
     }
-    session.prompts.message(editing_texts::packingReport(withoutSeparator(recordings), report.written, report.failed));
+    session.prompts.message(record_texts::packingReport(withoutSeparator(recordings), report.written, report.failed));
     return report.failed.isEmpty();
 }
 

@@ -62,7 +62,7 @@ RecordLists create_arrays(const Session& session)
             continue;
         RecordArrays& arrays = has_sound_file(session, entry.sound_number) ? lists.with : lists.without;
         if (arrays.count >= kMaxRecordRows)
-            throw TableLimitError(texts::tooManyEntries(session.list_file, kMaxRecordRows));
+            throw TableLimitError(store_texts::tooManyEntries(session.list_file, kMaxRecordRows));
         append(arrays, entry);
     }
     lists.withCaption = record_texts::withSoundsCount(lists.with.count);
@@ -83,8 +83,8 @@ RecordLists create_arrays(const Session& session)
 RecordLists create_word(const Session& session)
 {
     RecordLists lists;
-    lists.withCaption = record_texts::withSoundsCaption();
-    lists.withoutCaption = record_texts::withoutSoundsCaption();
+    lists.withCaption = record_texts::kWithSoundsCaption;
+    lists.withoutCaption = record_texts::kWithoutSoundsCaption;
     const int index = session.one_word_index.toInt();
     WordEntry entry{session.words.value(index), session.translations.value(index), session.sound_numbers.value(index)};
     append(has_sound_file(session, entry.sound_number) ? lists.with : lists.without, entry);

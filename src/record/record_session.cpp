@@ -67,7 +67,7 @@ public:
         Session& s = m_session;
         s.recording_active = kYes;
         if (m_state.selected_list_kind.isEmpty()) {
-            s.prompts.message(record_texts::selectListFirst());
+            s.prompts.message(record_texts::kSelectListFirst);
             return;
         }
         m_kind = m_state.selected_list_kind;
@@ -105,7 +105,7 @@ private:
             return Round::finish;
         m_index = m_view.selectedRow(m_kind);
         if (m_index == -1) {
-            s.prompts.message(record_texts::selectWordFirst());
+            s.prompts.message(record_texts::kSelectWordFirst);
             return Round::refused;
         }
         m_state.current_sound_number = m_state.lists.of(m_kind).sound_numbers.value(m_index);
@@ -121,21 +121,21 @@ private:
 
         if (m_state.fast_method != kYes || m_state.record_single == kYes || m_firstWord) {
             m_firstWord = false;
-            m_view.showCountdown(record_texts::countdownTwo());
+            m_view.showCountdown(record_texts::kCountdownTwo);
             if (stopped())
                 return Round::finish;
             wait_seconds(s, kCountdownStep);
             if (stopped())
                 return Round::finish;
-            m_view.showCountdown(record_texts::countdownOne());
+            m_view.showCountdown(record_texts::kCountdownOne);
             wait_seconds(s, kCountdownStep);
         } else {
-            m_view.showCountdown(record_texts::countdownOne());
+            m_view.showCountdown(record_texts::kCountdownOne);
             wait_seconds(s, kFastCountdown);
         }
         if (stopped())
             return Round::finish;
-        m_view.showCountdown(record_texts::countdownSpeak());
+        m_view.showCountdown(record_texts::kCountdownSpeak);
         m_view.colourSession(SessionColour::yellow);
         wait_seconds(s, kSpeakLead);
         if (stopped())
@@ -231,13 +231,13 @@ void misc_rec(Session& session, RecordState& state, RecordView& view, QObject* v
 QString toggle_record_speed(Session& session, RecordState& state)
 {
     if (state.fast_method == kYes) {
-        session.prompts.message(record_texts::slowerMessage());
+        session.prompts.message(record_texts::kSlowerMessage);
         state.fast_method = kNo;
-        return record_texts::fastCaption();
+        return record_texts::kFastCaption;
     }
-    session.prompts.message(record_texts::fasterMessage());
+    session.prompts.message(record_texts::kFasterMessage);
     state.fast_method = kYes;
-    return record_texts::slowCaption();
+    return record_texts::kSlowCaption;
 }
 
 ChosenRow choose_row(RecordState& state, const QString& kind, int row)

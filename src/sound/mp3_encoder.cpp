@@ -1,5 +1,7 @@
 #include "sound/mp3_encoder.h"
 
+#include "sound/texts.h"
+
 #include <QtEndian>
 
 #include <lame/lame.h>
@@ -28,13 +30,13 @@ std::optional<QByteArray> failWith(QString* error, const QString& text)
 std::optional<QByteArray> encodeMp3(const QByteArray& pcm16Mono, int sampleRate, QString* error)
 {
     if (sampleRate <= 0)
-        return failWith(error, QStringLiteral("the sample rate %1 Hz is not valid").arg(sampleRate));
+        return failWith(error, sound_texts::sampleRateInvalid(sampleRate));
     if (pcm16Mono.size() % 2 != 0)
-        return failWith(error, QStringLiteral("the sound data ends in half a sample"));
+        return failWith(error, sound_texts::kHalfSample);
 
     const std::unique_ptr<lame_global_flags, LameDeleter> lame(lame_init());
     if (!lame)
-        return failWith(error, QStringLiteral("the MP3 encoder could not start (out of memory)"));
+        return failWith(error, sound_texts::kEncoderOutOfMemory);
     lame_set_num_channels(lame.get(), 1);
     lame_set_in_samplerate(lame.get(), sampleRate);
     lame_set_out_samplerate(lame.get(), kMp3SampleRate);
@@ -43,7 +45,7 @@ std::optional<QByteArray> encodeMp3(const QByteArray& pcm16Mono, int sampleRate,
     lame_set_brate(lame.get(), kMp3BitRateKbps);
     lame_set_bWriteVbrTag(lame.get(), 0);
     if (lame_init_params(lame.get()) < 0)
-        return failWith(error, QStringLiteral("the MP3 encoder refused the format (%1 Hz mono)").arg(sampleRate));
+        return failWith(error, sound_texts::formatRefused(sampleRate));
 
     const int frames = int(pcm16Mono.size() / 2);
     std::vector<short> samples(size_t(frames) + 1);
@@ -57,10 +59,10 @@ std::optional<QByteArray> encodeMp3(const QByteArray& pcm16Mono, int sampleRate,
     auto* out = reinterpret_cast<unsigned char*>(mp3.data());
     const int encoded = lame_encode_buffer(lame.get(), samples.data(), samples.data(), frames, out, int(mp3.size()));
     if (encoded < 0)
-        return failWith(error, QStringLiteral("the MP3 encoder failed (code %1)").arg(encoded));
+        return failWith(error, sound_texts::encoderFailed(encoded));
     const int flushed = lame_encode_flush(lame.get(), out + encoded, int(mp3.size()) - encoded);
     if (flushed < 0)
-        return failWith(error, QStringLiteral("the MP3 encoder failed at the end (code %1)").arg(flushed));
+        return failWith(error, sound_texts::encoderFailedAtEnd(flushed));
     mp3.truncate(encoded + flushed);
     return mp3;
 }

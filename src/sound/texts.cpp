@@ -55,4 +55,24 @@ QString captureNotWritten(const QString& path, const QString& reason)
     return QStringLiteral("The MP3 file %1 could not be written (%2). The capture has stopped.").arg(path, reason);
 }
 
+QString sampleRateInvalid(int sampleRate)
+{
+    return QStringLiteral("the sample rate %1 Hz is not valid").arg(sampleRate);
+}
+
+QString formatRefused(int sampleRate)
+{
+    return QStringLiteral("the MP3 encoder refused the format (%1 Hz mono)").arg(sampleRate);
+}
+
+QString encoderFailed(int code)
+{
+    return QStringLiteral("the MP3 encoder failed (code %1)").arg(code);
+}
+
+QString encoderFailedAtEnd(int code)
+{
+    return QStringLiteral("the MP3 encoder failed at the end (code %1)").arg(code);
+}
+
 } // namespace quorvane::sound_texts

@@ -32,4 +32,12 @@ QString captureNotWritten(const QString& path, const QString& reason);
 QString takeNotStored(const QString& path, const QString& reason);
 inline const QString kCipherUnavailable = QStringLiteral("the cipher of recordings is not available");
 
+// Why a recording could not be encoded as MP3.
+QString sampleRateInvalid(int sampleRate);
+inline const QString kHalfSample = QStringLiteral("the sound data ends in half a sample");
+inline const QString kEncoderOutOfMemory = QStringLiteral("the MP3 encoder could not start (out of memory)");
+QString formatRefused(int sampleRate);
+QString encoderFailed(int code);
+QString encoderFailedAtEnd(int code);
+
 } // namespace quorvane::sound_texts

@@ -60,14 +60,15 @@ bool FileLock::acquire(QString* error)
     const int fd = ::open(QFile::encodeName(m_path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
     if (fd < 0) {
         if (error)
-            *error = texts::lockNotMade(m_path, causeText(errno));
+            *error = store_texts::lockNotMade(m_path, causeText(errno));
         return false;
     }
     int code = 0;
     if (!lockDescriptor(fd, m_waitMs, &code)) {
         ::close(fd);
         if (error)
-            *error = code == EWOULDBLOCK ? texts::lockBusy(m_path) : texts::lockNotMade(m_path, causeText(code));
+            *error =
+                code == EWOULDBLOCK ? store_texts::lockBusy(m_path) : store_texts::lockNotMade(m_path, causeText(code));
         return false;
     }
     locks.insert(m_path, HeldLock{fd, 1});

@@ -3,9 +3,9 @@
 #include "core/prompts.h"
 #include "core/session.h"
 #include "store/paths.h"
-#include "store/search_texts.h"
 #include "store/speech_voices.h"
 #include "store/text_files.h"
+#include "store/texts.h"
 #include "store/word_files.h"
 
 #include <QDir>
@@ -100,7 +100,7 @@ public:
     bool make(const QString& name, QString* error)
     {
         if (holdsSeparator(name)) {
-            *error = search_texts::nameHoldsSeparator();
+            *error = store_texts::kNameHoldsSeparator;
             return false;
         }
         std::error_code code;
@@ -126,7 +126,7 @@ public:
             !moveIntoPlace(m_staging, m_languages, &moved, &failed, &error)) {
             for (const QString& folder : moved)
                 QDir(folder).removeRecursively();
-            prompts.message(search_texts::notMade(failed, error));
+            prompts.message(store_texts::notMade(failed, error));
             return false;
         }
         return true;
@@ -145,7 +145,7 @@ bool writeNew(Prompts& prompts, const QString& staged, const QString& folder, co
     QString error;
     if (writeTextLines(staged + name, lines, &error))
         return true;
-    prompts.message(search_texts::notMade(folder + name, error));
+    prompts.message(store_texts::notMade(folder + name, error));
     return false;
 }
 
@@ -165,7 +165,7 @@ bool copyTargetLists(Prompts& prompts, const QString& languages, const QString& 
         const QString copy = QString(entry).replace(paths::masterName(target), paths::masterName(name));
         QFile source(targetFolder + entry);
         if (!source.open(QIODevice::ReadOnly)) {
-            prompts.message(search_texts::notMade(newFolder + copy, source.errorString()));
+            prompts.message(store_texts::notMade(newFolder + copy, source.errorString()));
             return false;
         }
         QStringList lines;
@@ -189,22 +189,22 @@ bool new_language(Session& session)
 {
     Prompts& prompts = session.prompts;
     const QString& languages = session.languages_folder;
-    const QString name = prompts.input(search_texts::newLanguagePrompt(), search_texts::newLanguageTitle()).toLower();
+    const QString name = prompts.input(store_texts::kNewLanguagePrompt, store_texts::kNewLanguageTitle).toLower();
     if (name.isEmpty())
         return false;
     const QString folder = languages + name;
     if (QFileInfo::exists(folder)) {
-        prompts.message(search_texts::languageExists());
+        prompts.message(store_texts::kLanguageExists);
         return false;
     }
     StagedLanguage staged(languages);
     QString error;
     if (!staged.make(name, &error)) {
-        prompts.message(search_texts::notMade(folder, error));
+        prompts.message(store_texts::notMade(folder, error));
         return false;
     }
 
-    const QString target = prompts.input(search_texts::targetPrompt(), search_texts::targetTitle()).toLower();
+    const QString target = prompts.input(store_texts::kTargetPrompt, store_texts::kTargetTitle).toLower();
     if (target.isEmpty()) {
         // Kept so: the new folder stays, without a trans file.
         staged.place(prompts, name);
@@ -212,14 +212,14 @@ bool new_language(Session& session)
     }
     const QString targetFolder = languages + target;
     if (holdsSeparator(target)) {
-        prompts.message(search_texts::notMade(targetFolder, search_texts::nameHoldsSeparator()));
+        prompts.message(store_texts::notMade(targetFolder, store_texts::kNameHoldsSeparator));
         return false;
     }
     const QString newFolder = paths::languageFolder(languages, name);
     if (!QFileInfo::exists(targetFolder)) {
-        prompts.message(search_texts::targetNotFound());
+        prompts.message(store_texts::kTargetNotFound);
         if (!staged.make(target, &error)) {
-            prompts.message(search_texts::notMade(targetFolder, error));
+            prompts.message(store_texts::notMade(targetFolder, error));
             return false;
         }
         // The pairing is recorded from the target's side too.
@@ -228,7 +228,7 @@ bool new_language(Session& session)
                       QFileInfo(transFile).fileName(), {name}))
             return false;
     } else {
-        prompts.message(search_texts::targetFound());
+        prompts.message(store_texts::kTargetFound);
         if (!copyTargetLists(prompts, languages, staged.folder(name), name, target))
             return false;
     }
@@ -265,26 +265,26 @@ bool add_list(Session& session)
     Prompts& prompts = session.prompts;
     const QString& language = session.current_language;
     if (language.isEmpty()) {
-        prompts.message(search_texts::selectLanguageFirst());
+        prompts.message(store_texts::kSelectLanguageFirst);
         return false;
     }
-    QString name = prompts.input(search_texts::newListPrompt(language), search_texts::newListTitle());
+    QString name = prompts.input(store_texts::newListPrompt(language), store_texts::kNewListTitle);
     if (name.isEmpty())
         return false;
     name.replace(u' ', u'_');
     const QString path = paths::listFile(session.languages_folder, language, name);
     if (QFileInfo::exists(path)) {
-        prompts.message(search_texts::listExists());
+        prompts.message(store_texts::kListExists);
         return false;
     }
     if (holdsSeparator(name)) {
-        prompts.message(search_texts::notMade(path, search_texts::nameHoldsSeparator()));
+        prompts.message(store_texts::notMade(path, store_texts::kNameHoldsSeparator));
         return false;
     }
     // Written whole or not at all.
     QString error;
-    if (!writeTextLines(path, {search_texts::newListHeader(language)}, &error)) {
-        prompts.message(search_texts::notMade(path, error));
+    if (!writeTextLines(path, {store_texts::newListHeader(language)}, &error)) {
+        prompts.message(store_texts::notMade(path, error));
         return false;
     }
     prompts.message(name);

@@ -6,7 +6,6 @@
 #include "core/table_limit.h"
 #include "store/file_lock.h"
 #include "store/paths.h"
-#include "store/search_texts.h"
 #include "store/text_files.h"
 #include "store/texts.h"
 
@@ -165,7 +164,7 @@ std::optional<WordArrays> search_master(const QString& path, int field, const QS
     for (const MasterCache::Line& line : *lines) {
         ++lineNumber;
         if (line.fieldCount <= field)
-            throw TableLimitError(search_texts::fieldMissing(path, lineNumber, field));
+            throw TableLimitError(store_texts::fieldMissing(path, lineNumber, field));
         // Capitals of the master are never lower-cased, so they never match.
         const QString& candidate =
             !termAccented && !line.accentFree[field].isNull() ? line.accentFree[field] : line.fields[field];
@@ -173,7 +172,7 @@ std::optional<WordArrays> search_master(const QString& path, int field, const QS
         if (!matches)
             continue;
         if (found.words.size() >= kMaxSearchResults)
-            throw TableLimitError(search_texts::tooManyResults(path, kMaxSearchResults));
+            throw TableLimitError(store_texts::tooManyResults(path, kMaxSearchResults));
         found.words.append(line.fields[0]);
         found.translations.append(line.fields[1]);
         found.sound_numbers.append(line.fields[2]);
@@ -190,13 +189,13 @@ bool search_master_list(Session& session, int field, const QString& text, Master
         return false;
     if (!QFileInfo::exists(session.master_file)) {
         session.prompts.message(
-            search_texts::masterNotFound(session.languages_folder, QDir::separator(), session.current_language));
+            store_texts::masterNotFound(session.languages_folder, QDir::separator(), session.current_language));
         return false;
     }
     QString error;
     std::optional<WordArrays> found = search_master(session.master_file, field, text, cache, &error);
     if (!found) {
-        session.prompts.message(search_texts::notReadable(session.master_file, error));
+        session.prompts.message(store_texts::notReadable(session.master_file, error));
         return false;
     }
     session.words = std::move(found->words);
@@ -238,7 +237,7 @@ std::optional<int> create_trans_index(Session& session)
 {
     if (!QFileInfo::exists(session.master_file) || session.target_master_file.isEmpty() ||
         !QFileInfo::exists(session.target_master_file)) {
-        session.prompts.message(search_texts::pairingMasterNotFound());
+        session.prompts.message(store_texts::kPairingMasterNotFound);
         return std::nullopt;
     }
     // Held from the reads of the masters to the rename of the pairing file: another copy of the
@@ -251,19 +250,19 @@ std::optional<int> create_trans_index(Session& session)
     }
     const auto target = readTextLines(session.target_master_file, &error);
     if (!target) {
-        session.prompts.message(texts::fileNotRead(session.target_master_file, error));
+        session.prompts.message(store_texts::fileNotRead(session.target_master_file, error));
         return std::nullopt;
     }
     if (target->size() > kMaxTargetLines)
-        throw TableLimitError(search_texts::tooManyTargetLines(session.target_master_file, kMaxTargetLines));
+        throw TableLimitError(store_texts::tooManyTargetLines(session.target_master_file, kMaxTargetLines));
     const auto master = readTextLines(session.master_file, &error);
     if (!master) {
-        session.prompts.message(texts::fileNotRead(session.master_file, error));
+        session.prompts.message(store_texts::fileNotRead(session.master_file, error));
         return std::nullopt;
     }
     const QStringList pairs = pair_masters(*master, *target);
     if (!writeTextLines(session.trans_index_file, pairs, &error)) {
-        session.prompts.message(search_texts::pairingNotWritten(session.trans_index_file, error));
+        session.prompts.message(store_texts::pairingNotWritten(session.trans_index_file, error));
         return std::nullopt;
     }
     return static_cast<int>(pairs.size());
@@ -272,17 +271,17 @@ std::optional<int> create_trans_index(Session& session)
 void pair_recordings(Session& session)
 {
     if (session.current_language.isEmpty()) {
-        session.prompts.message(search_texts::selectLanguageFirst());
+        session.prompts.message(store_texts::kSelectLanguageFirst);
         return;
     }
     if (!QFileInfo::exists(session.trans_file)) {
-        session.prompts.message(search_texts::pairingNoTarget(session.current_language, session.trans_file));
+        session.prompts.message(store_texts::pairingNoTarget(session.current_language, session.trans_file));
         return;
     }
     if (const auto pairs = create_trans_index(session)) {
         load_trans_index(session.trans_index_file, session.target_sound_numbers);
-        session.prompts.message(search_texts::pairingWritten(*pairs, session.current_language, session.target_language,
-                                                             session.trans_index_file));
+        session.prompts.message(store_texts::pairingWritten(*pairs, session.current_language, session.target_language,
+                                                            session.trans_index_file));
     }
 }
 

@@ -3,6 +3,7 @@
 #include "store/file_faults.h"
 #include "store/file_lock.h"
 #include "store/paths.h"
+#include "store/texts.h"
 
 #include <QDir>
 #include <QFile>
@@ -161,9 +162,9 @@ int injectedFault(file_faults::Step step)
 QString causeText(int code)
 {
     if (code == ENOSPC || code == EDQUOT)
-        return QStringLiteral("the disk is full");
+        return store_texts::kDiskFull;
     if (code == EWOULDBLOCK)
-        return QStringLiteral("another copy of Quorvane keeps it busy");
+        return store_texts::kFileBusy;
     return QString::fromLocal8Bit(std::strerror(code));
 }
 

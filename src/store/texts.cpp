@@ -1,8 +1,10 @@
 #include "store/texts.h"
 
+#include "core/product.h"
+
 #include <QFileInfo>
 
-namespace quorvane::texts {
+namespace quorvane::store_texts {
 
 QString tooManyLines(const QString& path, int limit)
 {
@@ -91,27 +93,11 @@ QString wordsCaption(int count)
     return QString::number(count) + QStringLiteral(" Words");
 }
 
-QString soundLibraryMissing()
-{
-    return QStringLiteral("Error! The sound library (SDL2) was not found. All the files are not in the right folders.");
-}
-
 QString soundStartFailed(const QString& errorText)
 {
     return QStringLiteral("An error occured. Please turn off other programs that may be using sound and start "
                           "this program again. The specific error message is:") +
            QStringLiteral("\r\n") + errorText;
-}
-
-QString namePrompt()
-{
-    return QStringLiteral(
-        "What is your first name?  This is for the program to remember which words you have learned.");
-}
-
-QString nameTitle()
-{
-    return QStringLiteral("Student Name");
 }
 
 QString studentAlreadyOpen(const QString& userName)
@@ -133,4 +119,79 @@ QString lockBusy(const QString& path)
         .arg(path);
 }
 
-} // namespace quorvane::texts
+QString masterNotFound(const QString& languagesFolder, const QString& separator, const QString& language)
+{
+    return QStringLiteral("Required master list file was not found. You need ") + languagesFolder + separator +
+           QStringLiteral("master_") + language + QStringLiteral(".txt");
+}
+
+QString tooManyResults(const QString& path, int limit)
+{
+    return QStringLiteral("More than %1 words of %2 match what you typed, which is more than Quorvane can show. "
+                          "Type more letters.")
+        .arg(limit)
+        .arg(path);
+}
+
+QString notReadable(const QString& path, const QString& reason)
+{
+    return QStringLiteral("The file %1 could not be read (%2).").arg(path, reason);
+}
+
+QString fieldMissing(const QString& path, int lineNumber, int field)
+{
+    return QStringLiteral("Line %1 of the file %2 has no %3, so it cannot be searched. The words shown were not "
+                          "changed.")
+        .arg(lineNumber)
+        .arg(path, field == 0 ? QStringLiteral("word") : QStringLiteral("translation"));
+}
+
+QString tooManyTargetLines(const QString& path, int limit)
+{
+    return QStringLiteral("The file %1 has more than %2 lines, which is more than Quorvane can pair with. "
+                          "Nothing was written.")
+        .arg(path)
+        .arg(limit);
+}
+
+QString pairingWritten(int pairs, const QString& language, const QString& target, const QString& path)
+{
+    return QStringLiteral("%1 recordings of %2 are now paired with the recordings of their %3 translations "
+                          "(in %4).")
+        .arg(pairs)
+        .arg(language, target, path);
+}
+
+QString pairingNotWritten(const QString& path, const QString& reason)
+{
+    return QStringLiteral("The pairing file %1 could not be written (%2).").arg(path, reason);
+}
+
+QString pairingNoTarget(const QString& language, const QString& transFile)
+{
+    return QStringLiteral("%1 is not connected to a target language (%2 is missing), so its recordings cannot be "
+                          "paired.")
+        .arg(language, transFile);
+}
+
+QString newListPrompt(const QString& language)
+{
+    return QStringLiteral("This creates a new word/phrase list to be added to the currently selected language (") +
+           language +
+           QStringLiteral(").  If this is not what you want to do, click cancel.  After creating this new list, you "
+                          "can add words and phrases to it using the 'Record and Edit Selected List' button. What "
+                          "is the name of the new list?  Use only english characters and numbers.");
+}
+
+QString newListHeader(const QString& language)
+{
+    return language + QStringLiteral(" word or phrase|student's language translation|99999");
+}
+
+QString notMade(const QString& path, const QString& reason)
+{
+    return QStringLiteral("%1 could not be made (%2). Nothing was added; please choose another name.")
+        .arg(path, reason);
+}
+
+} // namespace quorvane::store_texts

@@ -150,7 +150,7 @@ WordArrays parseWordArrays(const QByteArray& bytes, const QString& path, const W
             // A line that is exactly "||" ends a file a move rewrote: it is no entry.
             if (barCount == 2 && stop - line > 2) {
                 if (words.size() >= kMaxWordEntries)
-                    throw TableLimitError(texts::tooManyEntries(path, kMaxWordEntries));
+                    throw TableLimitError(store_texts::tooManyEntries(path, kMaxWordEntries));
                 const EntryBytes entry{line, bars[0], bars[0] + 1, bars[1], bars[1] + 1, stop};
                 if (const qsizetype same = previous.find(words.size(), entry); same >= 0) {
                     words.append(previous.m_words.at(same));
@@ -191,7 +191,7 @@ bool make_unknowns_file(const ListFiles& files, QString* error)
     QString cause;
     const auto notRead = [&](const QString& path) {
         if (error)
-            *error = texts::fileNotRead(path, cause);
+            *error = store_texts::fileNotRead(path, cause);
         return false;
     };
     std::optional<QByteArray> unknown;
@@ -204,7 +204,7 @@ bool make_unknowns_file(const ListFiles& files, QString* error)
         if (!known)
             return notRead(files.known_file);
         if (known->size() > kMaxKnownLines)
-            throw TableLimitError(texts::tooManyLines(files.known_file, kMaxKnownLines));
+            throw TableLimitError(store_texts::tooManyLines(files.known_file, kMaxKnownLines));
         const auto listed = readTextLines(files.list_file, &cause);
         if (!listed)
             return notRead(files.list_file);
@@ -225,7 +225,7 @@ bool make_unknowns_file(const ListFiles& files, QString* error)
     if (writeBytes(files.unknown_file, *unknown, &cause))
         return true;
     if (error)
-        *error = texts::unknownFileNotMade(files.unknown_file, cause);
+        *error = store_texts::unknownFileNotMade(files.unknown_file, cause);
     return false;
 }
 
@@ -254,7 +254,7 @@ bool create_array_of_words(Session& session, const QString& path)
     std::optional<WordArrays> arrays =
         read_word_file(path, &error, WordArrays{session.words, session.translations, session.sound_numbers});
     if (!arrays)
-        session.prompts.message(texts::fileNotRead(path, error));
+        session.prompts.message(store_texts::fileNotRead(path, error));
     WordArrays read = arrays ? std::move(*arrays) : WordArrays();
     session.words = std::move(read.words);
     session.translations = std::move(read.translations);
@@ -300,7 +300,7 @@ void load_trans_index(const QString& path, QStringList& table)
         const char* const bar = std::find(begin, end, '|');
         const int slot = pairingSlot(begin, bar);
         if (bar == end || slot < 0 || slot >= paired.size())
-            throw TableLimitError(texts::badPairingLine(path, lineNumber, kMaxSoundNumber));
+            throw TableLimitError(store_texts::badPairingLine(path, lineNumber, kMaxSoundNumber));
         const char* const second = std::find(bar + 1, end, '|');
         paired[slot] = decodeWindows1252(QByteArray::fromRawData(bar + 1, second - bar - 1));
     });

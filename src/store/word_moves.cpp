@@ -53,7 +53,7 @@ bool move_word(Session& session, const QString& targetFile, const QString& sourc
         return false;
     const WordEntry entry{session.words.at(index), session.translations.at(index), session.sound_numbers.at(index)};
     if (sourceFile.isEmpty()) {
-        session.prompts.message(texts::noListToMoveIn(entry.word));
+        session.prompts.message(store_texts::noListToMoveIn(entry.word));
         return false;
     }
     QString error;
@@ -61,12 +61,12 @@ bool move_word(Session& session, const QString& targetFile, const QString& sourc
     std::optional<WordArrays> source =
         read_word_file(sourceFile, &error, WordArrays{session.words, session.translations, session.sound_numbers});
     if (!source) {
-        session.prompts.message(texts::sourceNotRead(sourceFile, error));
+        session.prompts.message(store_texts::sourceNotRead(sourceFile, error));
         return false;
     }
     const qsizetype at = findEntry(*source, entry, index);
     if (at < 0) {
-        session.prompts.message(texts::wordNotInFile(entry.word, sourceFile));
+        session.prompts.message(store_texts::wordNotInFile(entry.word, sourceFile));
         return false;
     }
     // The target gains the entry before the source loses it, and the source is replaced in one
@@ -78,14 +78,14 @@ bool move_word(Session& session, const QString& targetFile, const QString& sourc
     qint64 targetLength = -1;
     if (!appendTextLines(targetFile, {joinEntry(entry.word, entry.translation, entry.sound_number)}, &error,
                          &targetLength)) {
-        session.prompts.message(texts::targetNotWritten(targetFile, error));
+        session.prompts.message(store_texts::targetNotWritten(targetFile, error));
         return false;
     }
     if (!writeTextLines(sourceFile, entriesExcept(*source, at), &error)) {
         if (restoreLength(targetFile, targetLength))
-            session.prompts.message(texts::sourceNotRewritten(sourceFile, error));
+            session.prompts.message(store_texts::sourceNotRewritten(sourceFile, error));
         else
-            session.prompts.message(texts::sourceNotWritten(targetFile, sourceFile, error));
+            session.prompts.message(store_texts::sourceNotWritten(targetFile, sourceFile, error));
         return false;
     }
     record.keep();

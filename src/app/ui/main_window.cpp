@@ -8,7 +8,7 @@
 #include "core/session.h"
 #include "core/sound_library.h"
 #include "sound/texts.h"
-#include "store/search_texts.h"
+#include "store/texts.h"
 #include "widgets/announce_texts.h"
 #include "widgets/controls.h"
 #include "widgets/handler_guard.h"
@@ -57,7 +57,7 @@ MainWindow::MainWindow(Prompts& prompts, SoundLibrary& sound, Clock& clock, QWid
     : QMainWindow(parent), m_session(std::make_unique<Session>(prompts, sound, clock))
 {
     setObjectName(QStringLiteral("qvmain"));
-    setWindowTitle(main_texts::windowTitle());
+    setWindowTitle(main_texts::kWindowTitle);
     setFont(smallFont(controls::kArial));
     buildControls();
     buildMenus();
@@ -300,13 +300,13 @@ void MainWindow::show_main_window()
 
 void MainWindow::toggle_font_click()
 {
-    const bool increase = toggle_font->text() == main_texts::increaseFont();
+    const bool increase = toggle_font->text() == main_texts::kIncreaseFont;
     for (ListBox* box : {lists_list, words_list, words_liste}) {
         QFont font = box->font();
         font.setPointSize(increase ? kLargeListPoints : kSmallListPoints);
         box->setFont(font);
     }
-    toggle_font->setText(increase ? main_texts::decreaseFont() : main_texts::increaseFont());
+    toggle_font->setText(increase ? main_texts::kDecreaseFont : main_texts::kIncreaseFont);
 }
 
 void MainWindow::exit_program_click()
@@ -335,22 +335,22 @@ void MainWindow::closeEvent(QCloseEvent* event)
 
 void MainWindow::Instructions2_click()
 {
-    m_session->prompts.message(main_texts::instructions(), main_texts::instructionsTitle());
+    m_session->prompts.message(main_texts::kInstructions, main_texts::kInstructionsTitle);
 }
 
 void MainWindow::Help2_click()
 {
-    m_session->prompts.message(main_texts::help(), main_texts::helpTitle());
+    m_session->prompts.message(main_texts::kHelp, main_texts::kHelpTitle);
 }
 
 void MainWindow::Troubleshooting_click()
 {
-    m_session->prompts.message(main_texts::troubleshooting(), main_texts::troubleshootingTitle());
+    m_session->prompts.message(main_texts::kTroubleshooting, main_texts::kTroubleshootingTitle);
 }
 
 void MainWindow::About1_click()
 {
-    m_session->prompts.message(main_texts::about(), main_texts::aboutTitle());
+    m_session->prompts.message(main_texts::kAbout, main_texts::kAboutTitle);
 }
 
 } // namespace quorvane

@@ -29,7 +29,7 @@ void MainWindow::flash_cards_click()
 {
     guarded([this] {
         if (m_session->shown_file.isEmpty()) {
-            m_session->prompts.message(flash_texts::selectListFirst());
+            m_session->prompts.message(flash_texts::kSelectListFirst);
             return;
         }
         hide();
@@ -41,7 +41,7 @@ void MainWindow::small_flash_click()
 {
     guarded([this] {
         if (m_session->shown_file.isEmpty()) {
-            m_session->prompts.message(flash_texts::selectListFirst());
+            m_session->prompts.message(flash_texts::kSelectListFirst);
             return;
         }
         hide();

@@ -156,7 +156,7 @@ bool MainWindow::showList(ListBox* box, bool known)
     }
 
     const int count = s.wordCount();
-    Label8->setText(known ? texts::knownWordsCaption(count) : texts::unknownWordsCaption(count));
+    Label8->setText(known ? store_texts::knownWordsCaption(count) : store_texts::unknownWordsCaption(count));
     const QColor labelColour =
         known ? fromBgr(kKnownLabelBgr) : QApplication::palette(Label8).color(QPalette::ButtonText);
     setTextColour(Label8, QPalette::WindowText, labelColour);
@@ -243,7 +243,7 @@ void MainWindow::words_list_dblclick()
         // would say the translation, so only a box that differs is moved.
         if (words_liste->currentRow() != words_list->currentRow())
             select_row(words_liste, words_list->currentRow());
-        Label8->setText(texts::wordsCaption(s.wordCount()));
+        Label8->setText(store_texts::wordsCaption(s.wordCount()));
         showDueCount(true);
     });
 }

@@ -66,7 +66,7 @@ void MainWindow::print_list_click()
     guarded([this] {
         Session& s = *m_session;
         if (s.shown_file.isEmpty()) {
-            s.prompts.message(quiz_texts::listRequired());
+            s.prompts.message(quiz_texts::kListRequired);
             return;
         }
         s.report_text = list_report(s, QDate::currentDate());
@@ -80,7 +80,7 @@ void MainWindow::show_test_results_click()
         Session& s = *m_session;
         const auto results = read_test_results();
         if (!results) {
-            s.prompts.message(quiz_texts::noResultsYet());
+            s.prompts.message(quiz_texts::kNoResultsYet);
             return;
         }
         s.report_text = *results;
@@ -94,7 +94,7 @@ void MainWindow::test_me_click()
         Session& s = *m_session;
         // Only a chosen list name is needed: the test picks its own file of that list.
         if (s.current_list.isEmpty()) {
-            s.prompts.message(quiz_texts::selectListFirst());
+            s.prompts.message(quiz_texts::kSelectListFirst);
             return;
         }
         hide();

@@ -15,7 +15,7 @@ void MainWindow::record_word_word_click()
         Session& s = *m_session;
         s.one_word_index = QString::number(words_list->currentRow());
         if (s.one_word_index == QStringLiteral("-1")) {
-            s.prompts.message(record_texts::selectWordToRecord());
+            s.prompts.message(record_texts::kSelectWordToRecord);
             return;
         }
         hide();
@@ -31,7 +31,7 @@ void MainWindow::record_word_list_click()
         s.one_word_mode = flags::kNo;
         // list_file stays set after a language click has cleared the shown list.
         if (s.list_file.isEmpty()) {
-            s.prompts.message(record_texts::selectListToRecord());
+            s.prompts.message(record_texts::kSelectListToRecord);
             return;
         }
         hide();

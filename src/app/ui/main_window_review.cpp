@@ -59,7 +59,7 @@ void MainWindow::review_due_click()
     guarded([this] {
         Session& s = *m_session;
         if (s.shown_file.isEmpty()) {
-            s.prompts.message(flash_texts::selectListFirst());
+            s.prompts.message(flash_texts::kSelectListFirst);
             return;
         }
         // The cards play the word arrays: the list is opened again so that they hold its unknown

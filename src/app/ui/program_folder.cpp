@@ -1,7 +1,7 @@
 #include "app/ui/program_folder.h"
 
 #include "app/command_line.h"
-#include "app/launch_texts.h"
+#include "app/texts.h"
 #include "app/ui/start.h"
 #include "store/text_files.h"
 #include "store/texts.h"
@@ -35,7 +35,7 @@ public:
     bool yesNo(const QString& text, const QString& title) override { return m_prompts.yesNo(text, title); }
     QString input(const QString& prompt, const QString& title, const QString& defaultText) override
     {
-        if (!m_answered && title == texts::nameTitle() && prompt == texts::namePrompt()) {
+        if (!m_answered && title == store_texts::kNameTitle && prompt == store_texts::kNamePrompt) {
             m_answered = true;
             return m_student;
         }
@@ -92,7 +92,7 @@ bool copySampleCourse(const QString& sample, const QString& folder, const std::f
         return false;
     };
     if (!QDir().mkpath(staging))
-        return fail(QStringLiteral("the folder %1 cannot be made.").arg(launch_texts::path(staging)));
+        return fail(main_texts::stagingNotMade(main_texts::path(staging)));
 
     QStringList files;
     const QDir source(sample);
@@ -109,21 +109,18 @@ bool copySampleCourse(const QString& sample, const QString& folder, const std::f
         const QString target = QDir(staging).filePath(files[i]);
         QFile in(from);
         if (!in.open(QIODevice::ReadOnly))
-            return fail(QStringLiteral("%1 cannot be read (%2).").arg(launch_texts::path(from), in.errorString()));
+            return fail(main_texts::copyNotRead(main_texts::path(from), in.errorString()));
         QFile out(target);
         if (!QDir().mkpath(QFileInfo(target).absolutePath()) || !out.open(QIODevice::WriteOnly) ||
             out.write(in.readAll()) != in.size() || !out.flush())
-            return fail(
-                QStringLiteral("%1 cannot be written (%2).").arg(launch_texts::path(target), out.errorString()));
+            return fail(main_texts::copyNotWritten(main_texts::path(target), out.errorString()));
         if (progress)
             progress(i + 1, files.size());
     }
     if (!syncFolder(staging))
-        return fail(QStringLiteral("the copy in %1 cannot be saved to the disk (%2).")
-                        .arg(launch_texts::path(staging), QString::fromLocal8Bit(std::strerror(errno))));
+        return fail(main_texts::copyNotSaved(main_texts::path(staging), QString::fromLocal8Bit(std::strerror(errno))));
     if (!QDir().rename(staging, folder))
-        return fail(
-            QStringLiteral("%1 cannot be renamed to %2.").arg(launch_texts::path(staging), launch_texts::path(folder)));
+        return fail(main_texts::copyNotRenamed(main_texts::path(staging), main_texts::path(folder)));
     return true;
 }
 
@@ -172,7 +169,7 @@ int Launcher::run(const QStringList& arguments, const QString& programDir, const
     m_window = start(folder, prompts, m_sound, m_clock);
     if (!notice.isEmpty()) {
         print(stdout, notice + QLatin1Char('\n'));
-        m_prompts.message(notice, launch_texts::kFirstRunTitle);
+        m_prompts.message(notice, main_texts::kFirstRunTitle);
     }
     return -1;
 }
@@ -186,13 +183,13 @@ bool Launcher::prepareUserFolder(const QString& folder, const QString& programDi
     bool made = false;
     if (sample.isEmpty()) {
         made = QDir().mkpath(folder);
-        error = QStringLiteral("the folder cannot be made.");
-        *notice = launch_texts::noSampleCourse(folder);
+        error = main_texts::kFolderCannotBeMade;
+        *notice = main_texts::noSampleCourse(folder);
     } else {
         // Shown only when the copy takes longer than half a second.
-        QProgressDialog dialog(launch_texts::kCopyingSample, QString(), 0, 1);
+        QProgressDialog dialog(main_texts::kCopyingSample, QString(), 0, 1);
         dialog.setObjectName(QStringLiteral("copy_progress"));
-        dialog.setWindowTitle(launch_texts::kFirstRunTitle);
+        dialog.setWindowTitle(main_texts::kFirstRunTitle);
         dialog.setWindowModality(Qt::ApplicationModal);
         dialog.setMinimumDuration(500);
         made = copySampleCourse(
@@ -202,12 +199,12 @@ bool Launcher::prepareUserFolder(const QString& folder, const QString& programDi
                 dialog.setValue(done);
             },
             &error);
-        *notice = launch_texts::sampleCopied(folder);
+        *notice = main_texts::sampleCopied(folder);
     }
     if (!made) {
-        const QString text = launch_texts::folderNotMade(folder, error);
+        const QString text = main_texts::folderNotMade(folder, error);
         print(stderr, QStringLiteral("quorvane: ") + text + QLatin1Char('\n'));
-        m_prompts.message(text, launch_texts::kFirstRunTitle);
+        m_prompts.message(text, main_texts::kFirstRunTitle);
     }
     return made;
 }

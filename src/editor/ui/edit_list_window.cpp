@@ -20,16 +20,16 @@ EditListWindow::EditListWindow(Session& session, QWidget* parent)
     : ActivityWindow(session, parent, MainWindowOnClose::leave)
 {
     setObjectName(QStringLiteral("edit_list"));
-    setWindowTitle(editor_texts::title());
+    setWindowTitle(editor_texts::kTitle);
     const QFont buttonFont = controls::font(controls::kSansSerif, 8, true);
-    save_and_exit = controls::button(this, QStringLiteral("save_and_exit"), editor_texts::saveCaption(), buttonFont);
+    save_and_exit = controls::button(this, QStringLiteral("save_and_exit"), editor_texts::kSaveCaption, buttonFont);
     save_and_exit_unicode =
-        controls::button(this, QStringLiteral("save_and_exit_unicode"), editor_texts::saveUnicodeCaption(), buttonFont);
+        controls::button(this, QStringLiteral("save_and_exit_unicode"), editor_texts::kSaveUnicodeCaption, buttonFont);
     start_new_list =
-        controls::button(this, QStringLiteral("start_new_list"), editor_texts::startNewListCaption(), buttonFont);
+        controls::button(this, QStringLiteral("start_new_list"), editor_texts::kStartNewListCaption, buttonFont);
     exit_without_save =
-        controls::button(this, QStringLiteral("exit_without_save"), editor_texts::exitWithoutSaveCaption(), buttonFont);
-    Label1 = controls::label(this, QStringLiteral("Label1"), editor_texts::instructions(),
+        controls::button(this, QStringLiteral("exit_without_save"), editor_texts::kExitWithoutSaveCaption, buttonFont);
+    Label1 = controls::label(this, QStringLiteral("Label1"), editor_texts::kInstructions,
                              controls::font(controls::kSansSerif, 8));
     Label1->setWordWrap(true);
     list_name = controls::label(this, QStringLiteral("list_name"), QString(), controls::font(controls::kSansSerif, 8));

@@ -49,17 +49,17 @@ FlashCardWindow::FlashCardWindow(Session& session, CardStyle style, QWidget* par
     repeat_lbl = makeLabel(QStringLiteral("repeat_lbl"), large ? 10 : 8);
     speed_lbl = makeLabel(QStringLiteral("speed_lbl"), large ? 10 : 8);
 
-    change_repeat = makeButton(QStringLiteral("change_repeat"), flash_texts::repeatsCaption(), buttonPoints);
-    change_speed = makeButton(QStringLiteral("change_speed"), flash_texts::speedCaption(), buttonPoints);
-    interlace = makeButton(QStringLiteral("interlace"), flash_texts::interlaceCaption(), buttonPoints);
+    change_repeat = makeButton(QStringLiteral("change_repeat"), flash_texts::kRepeatsCaption, buttonPoints);
+    change_speed = makeButton(QStringLiteral("change_speed"), flash_texts::kSpeedCaption, buttonPoints);
+    interlace = makeButton(QStringLiteral("interlace"), flash_texts::kInterlaceCaption, buttonPoints);
     say_bottom = makeButton(QStringLiteral("say_bottom"),
-                            large ? flash_texts::topOnlyCaption() : flash_texts::smallTopOnlyCaption(), buttonPoints);
-    speak_both = makeButton(QStringLiteral("speak_both"), flash_texts::bothCaption(), buttonPoints);
-    i_know_this_word = makeButton(QStringLiteral("i_know_this_word"), flash_texts::knownCaption(), buttonPoints);
-    next_word = makeButton(QStringLiteral("next_word"), large ? flash_texts::skipCaption() : flash_texts::nextCaption(),
+                            large ? flash_texts::kTopOnlyCaption : flash_texts::kSmallTopOnlyCaption, buttonPoints);
+    speak_both = makeButton(QStringLiteral("speak_both"), flash_texts::kBothCaption, buttonPoints);
+    i_know_this_word = makeButton(QStringLiteral("i_know_this_word"), flash_texts::kKnownCaption, buttonPoints);
+    next_word = makeButton(QStringLiteral("next_word"), large ? flash_texts::kSkipCaption : flash_texts::kNextCaption,
                            buttonPoints);
-    pause = makeButton(QStringLiteral("pause"), flash_texts::pauseCaption(), buttonPoints);
-    resume = makeButton(QStringLiteral("resume"), flash_texts::resumeCaption(), buttonPoints);
+    pause = makeButton(QStringLiteral("pause"), flash_texts::kPauseCaption, buttonPoints);
+    resume = makeButton(QStringLiteral("resume"), flash_texts::kResumeCaption, buttonPoints);
 
     connect(change_repeat, &QPushButton::clicked, this, &FlashCardWindow::change_repeat_click);
     connect(change_speed, &QPushButton::clicked, this, &FlashCardWindow::change_speed_click);

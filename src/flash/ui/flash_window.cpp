@@ -25,14 +25,14 @@ constexpr int kButtonHeight = 34;
 FlashWindow::FlashWindow(Session& session, QWidget* parent) : FlashCardWindow(session, CardStyle::large, parent)
 {
     setObjectName(QStringLiteral("qvplay"));
-    setWindowTitle(flash_texts::largeTitle());
+    setWindowTitle(flash_texts::kLargeTitle);
 
     mp3_label = makeLabel(QStringLiteral("mp3_label"), 10);
-    delay_top = makeButton(QStringLiteral("delay_top"), flash_texts::delayTopCaption(), kButtonPoints);
-    delay_bottom = makeButton(QStringLiteral("delay_bottom"), flash_texts::delayBottomCaption(), kButtonPoints);
-    create_mp3 = makeButton(QStringLiteral("create_mp3"), flash_texts::createMp3Caption(), kButtonPoints);
-    auto_mp3 = makeButton(QStringLiteral("auto_mp3"), flash_texts::autoMp3Caption(), kButtonPoints);
-    exit_btn = makeButton(QStringLiteral("exit_btn"), flash_texts::exitCaption(), kButtonPoints);
+    delay_top = makeButton(QStringLiteral("delay_top"), flash_texts::kDelayTopCaption, kButtonPoints);
+    delay_bottom = makeButton(QStringLiteral("delay_bottom"), flash_texts::kDelayBottomCaption, kButtonPoints);
+    create_mp3 = makeButton(QStringLiteral("create_mp3"), flash_texts::kCreateMp3Caption, kButtonPoints);
+    auto_mp3 = makeButton(QStringLiteral("auto_mp3"), flash_texts::kAutoMp3Caption, kButtonPoints);
+    exit_btn = makeButton(QStringLiteral("exit_btn"), flash_texts::kExitCaption, kButtonPoints);
 
     connect(delay_top, &QPushButton::clicked, this, &FlashWindow::delay_top_click);
     connect(delay_bottom, &QPushButton::clicked, this, &FlashWindow::delay_bottom_click);
@@ -82,12 +82,11 @@ void FlashWindow::buildLayout()
         return box;
     };
     auto* controls = new QHBoxLayout;
-    controls->addWidget(group(flash_texts::timingGroup(), {change_repeat, change_speed, delay_top, delay_bottom}, 2),
-                        2);
-    controls->addWidget(group(flash_texts::speechGroup(), {say_bottom, speak_both, interlace}, 2), 2);
-    controls->addWidget(group(flash_texts::cardsGroup(), {i_know_this_word, next_word, pause, resume}, 2), 2);
+    controls->addWidget(group(flash_texts::kTimingGroup, {change_repeat, change_speed, delay_top, delay_bottom}, 2), 2);
+    controls->addWidget(group(flash_texts::kSpeechGroup, {say_bottom, speak_both, interlace}, 2), 2);
+    controls->addWidget(group(flash_texts::kCardsGroup, {i_know_this_word, next_word, pause, resume}, 2), 2);
     auto* bottom = new QHBoxLayout;
-    bottom->addWidget(group(flash_texts::mp3Group(), {create_mp3, auto_mp3}, 2), 1);
+    bottom->addWidget(group(flash_texts::kMp3Group, {create_mp3, auto_mp3}, 2), 1);
     exit_btn->setMinimumSize(140, kButtonHeight);
     bottom->addWidget(exit_btn, 0, Qt::AlignBottom);
 

@@ -16,7 +16,7 @@ SmallFlashWindow::SmallFlashWindow(Session& session, QWidget* parent)
     : FlashCardWindow(session, CardStyle::small, parent)
 {
     setObjectName(QStringLiteral("qvplay2"));
-    setWindowTitle(flash_texts::smallTitle());
+    setWindowTitle(flash_texts::kSmallTitle);
     setWindowFlag(Qt::WindowStaysOnTopHint);
     buildLayout();
     keepWindowGeometry(this);

@@ -30,18 +30,18 @@ const QString kLineEnd = QStringLiteral("\r\n");
 TestResultsWindow::TestResultsWindow(Session& session, QWidget* parent) : ActivityWindow(session, parent)
 {
     setObjectName(QStringLiteral("test_results"));
-    setWindowTitle(quiz_texts::resultsTitle());
+    setWindowTitle(quiz_texts::kResultsTitle);
     const QFont text = controls::font(controls::kArial, kTextPoints);
     setFont(text);
 
     TextBox1 = controls::textBox(this, QStringLiteral("TextBox1"), QFont(QStringLiteral("Courier New"), kTextPoints));
     controls::announceAs(TextBox1, announce_texts::kResults);
     TextBox1->setLineWrapMode(QPlainTextEdit::NoWrap);
-    Label1 = controls::label(this, QStringLiteral("Label1"), quiz_texts::resultsNote(), text);
+    Label1 = controls::label(this, QStringLiteral("Label1"), quiz_texts::kResultsNote, text);
     Label1->setWordWrap(true);
-    save_and_exit = controls::button(this, QStringLiteral("save_and_exit"), quiz_texts::saveCaption(), text);
-    print_test_results = controls::button(this, QStringLiteral("print_test_results"), quiz_texts::printCaption(), text);
-    exit_without_save = controls::button(this, QStringLiteral("exit_without_save"), quiz_texts::exitCaption(), text);
+    save_and_exit = controls::button(this, QStringLiteral("save_and_exit"), quiz_texts::kSaveCaption, text);
+    print_test_results = controls::button(this, QStringLiteral("print_test_results"), quiz_texts::kPrintCaption, text);
+    exit_without_save = controls::button(this, QStringLiteral("exit_without_save"), quiz_texts::kExitCaption, text);
 
     connect(save_and_exit, &QPushButton::clicked, this, &TestResultsWindow::save_and_exit_click);
     connect(print_test_results, &QPushButton::clicked, this, &TestResultsWindow::print_test_results_click);
@@ -71,7 +71,7 @@ void TestResultsWindow::save_and_exit_click()
     guarded([this] {
         // The path is taken as typed: relative to the program folder, no extension added, an
         // existing file replaced without asking.
-        const QString path = m_session.prompts.input(quiz_texts::savePrompt(), quiz_texts::saveTitle());
+        const QString path = m_session.prompts.input(quiz_texts::kSavePrompt, quiz_texts::kSaveTitle);
         QString text = TextBox1->toPlainText();
         text.replace(u'\n', kLineEnd);
         QString error;
@@ -88,12 +88,12 @@ void TestResultsWindow::print_test_results_click()
     guarded([this] {
         const QPrinterInfo info = QPrinterInfo::defaultPrinter();
         if (info.isNull()) {
-            m_session.prompts.message(quiz_texts::noPrinter());
+            m_session.prompts.message(quiz_texts::kNoPrinter);
             return;
         }
         QPrinter printer(info);
         if (!printTo(printer))
-            m_session.prompts.message(quiz_texts::printFailed());
+            m_session.prompts.message(quiz_texts::kPrintFailed);
     });
 }
 

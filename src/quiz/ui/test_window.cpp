@@ -57,7 +57,7 @@ public:
 TestWindow::TestWindow(Session& session, QWidget* parent) : ActivityWindow(session, parent)
 {
     setObjectName(QStringLiteral("test"));
-    setWindowTitle(quiz_texts::testTitle());
+    setWindowTitle(quiz_texts::kTestTitle);
     setFont(controls::font(controls::kArial, kTextPoints));
     buildControls();
     buildLayout();
@@ -70,26 +70,26 @@ void TestWindow::buildControls()
     language_name = controls::label(this, QStringLiteral("language_name"), QString(), bold);
     list_name = controls::label(this, QStringLiteral("list_name"), QString(), bold);
     user_name = controls::label(this, QStringLiteral("user_name"), QString(), bold);
-    Label3 = controls::label(this, QStringLiteral("Label3"), quiz_texts::chooseListCaption(), text);
+    Label3 = controls::label(this, QStringLiteral("Label3"), quiz_texts::kChooseListCaption, text);
     list1 = controls::listBox(this, QStringLiteral("list1"), text);
-    Label2 = controls::label(this, QStringLiteral("Label2"), quiz_texts::chooseTextOrSoundCaption(), text);
+    Label2 = controls::label(this, QStringLiteral("Label2"), quiz_texts::kChooseTextOrSoundCaption, text);
     List2 = controls::listBox(this, QStringLiteral("List2"), text);
-    q_lbl = controls::label(this, QStringLiteral("q_lbl"), quiz_texts::questionsCaption(), text);
+    q_lbl = controls::label(this, QStringLiteral("q_lbl"), quiz_texts::kQuestionsCaption, text);
     num_qs = controls::lineEdit(this, QStringLiteral("num_qs"), text);
-    sec_lbl = controls::label(this, QStringLiteral("sec_lbl"), quiz_texts::secondsCaption(), text);
+    sec_lbl = controls::label(this, QStringLiteral("sec_lbl"), quiz_texts::kSecondsCaption, text);
     num_secs = controls::lineEdit(this, QStringLiteral("num_secs"), text);
     multiple_choice =
-        controls::optionButton(this, QStringLiteral("multiple_choice"), quiz_texts::multipleChoiceCaption(), text);
-    spelling = controls::optionButton(this, QStringLiteral("spelling"), quiz_texts::spellingCaption(), text);
+        controls::optionButton(this, QStringLiteral("multiple_choice"), quiz_texts::kMultipleChoiceCaption, text);
+    spelling = controls::optionButton(this, QStringLiteral("spelling"), quiz_texts::kSpellingCaption, text);
     fill_in_blank =
-        controls::optionButton(this, QStringLiteral("fill_in_blank"), quiz_texts::fillInBlankCaption(), text);
+        controls::optionButton(this, QStringLiteral("fill_in_blank"), quiz_texts::kFillInBlankCaption, text);
     multiple_choice->setChecked(true);
     // A first Begin Test works: ten questions of ten seconds each.
     num_qs->setText(QString::number(kDefaultQuestions));
     num_secs->setText(QString::number(kDefaultSeconds));
-    begin_test = controls::button(this, QStringLiteral("begin_test"), quiz_texts::beginCaption(), bold);
-    stop = controls::button(this, QStringLiteral("stop"), quiz_texts::stopCaption(), text);
-    exit = controls::button(this, QStringLiteral("exit"), quiz_texts::exitCaption(), text);
+    begin_test = controls::button(this, QStringLiteral("begin_test"), quiz_texts::kBeginCaption, bold);
+    stop = controls::button(this, QStringLiteral("stop"), quiz_texts::kStopCaption, text);
+    exit = controls::button(this, QStringLiteral("exit"), quiz_texts::kExitCaption, text);
     test_word = controls::label(this, QStringLiteral("test_word"), QString(),
                                 controls::font(controls::kArial, kWordPoints, true));
     remaining = controls::label(this, QStringLiteral("remaining"), QString(), text);
@@ -97,7 +97,7 @@ void TestWindow::buildControls()
                                      controls::font(controls::kArial, kChoicePoints, true));
     previous_word = controls::label(this, QStringLiteral("previous_word"), QString(),
                                     controls::font(controls::kArial, kChoicePoints));
-    answer_lbl = controls::label(this, QStringLiteral("answer_lbl"), quiz_texts::answerCaption(), text);
+    answer_lbl = controls::label(this, QStringLiteral("answer_lbl"), quiz_texts::kAnswerCaption, text);
     Text1 = controls::lineEdit(this, QStringLiteral("Text1"), controls::font(controls::kArial, kChoicePoints));
     const QFont choiceFont = controls::font(controls::kArial, kChoicePoints);
     for (int k = 1; k <= 6; ++k) {
@@ -209,7 +209,7 @@ void TestWindow::form_load()
     list1->clear();
     list1->addItems(quiz_texts::sourceRows(master));
     List2->clear();
-    List2->addItems(quiz_texts::presentationRows());
+    List2->addItems(quiz_texts::kPresentationRows);
     list1->setRowQuietly(0);
     List2->setRowQuietly(0);
 }

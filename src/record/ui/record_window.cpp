@@ -76,7 +76,7 @@ void fill(ListBox* box, const QStringList& texts, int count)
 RecordWindow::RecordWindow(Session& session, QWidget* parent) : ActivityWindow(session, parent)
 {
     setObjectName(QStringLiteral("qvrecord"));
-    setWindowTitle(record_texts::windowTitle());
+    setWindowTitle(record_texts::kWindowTitle);
     setFont(controls::font(controls::kSansSerif, 8));
     buildControls();
     buildLayout();
@@ -100,9 +100,9 @@ void RecordWindow::buildControls()
     eng_list_w = controls::listBox(this, QStringLiteral("eng_list_w"), listFont);
     span_list_wo = controls::listBox(this, QStringLiteral("span_list_wo"), listFont);
     eng_list_wo = controls::listBox(this, QStringLiteral("eng_list_wo"), listFont);
-    words_with_sound = makeLabel(QStringLiteral("words_with_sound"), record_texts::withSoundsCaption(), 10, true);
+    words_with_sound = makeLabel(QStringLiteral("words_with_sound"), record_texts::kWithSoundsCaption, 10, true);
     words_without_sound =
-        makeLabel(QStringLiteral("words_without_sound"), record_texts::withoutSoundsCaption(), 10, true);
+        makeLabel(QStringLiteral("words_without_sound"), record_texts::kWithoutSoundsCaption, 10, true);
     left_word = controls::lineEdit(this, QStringLiteral("left_word"), controls::font(controls::kSansSerif, 10, true));
     right_word = controls::lineEdit(this, QStringLiteral("right_word"), controls::font(controls::kSansSerif, 10, true));
     setBackground(left_word, QPalette::Base, kWhite);
@@ -115,13 +115,13 @@ void RecordWindow::buildControls()
     setBackground(right_word, QPalette::Base, kGrey);
     filenum_lbl = makeLabel(QStringLiteral("filenum_lbl"), QString(), 10, true);
     take_level_lbl = makeLabel(QStringLiteral("take_level_lbl"), QString(), 9);
-    current_list = makeLabel(QStringLiteral("current_list"), record_texts::currentListPlaceholder(), 10, true);
-    Label1 = makeLabel(QStringLiteral("Label1"), record_texts::listNameLabel(), 10);
-    Label2 = makeLabel(QStringLiteral("Label2"), record_texts::recordSelectedLabel(), 9, true);
-    Label3 = makeLabel(QStringLiteral("Label3"), record_texts::recordMultipleLabel(), 9, true);
-    Label4 = makeLabel(QStringLiteral("Label4"), record_texts::editHint());
-    Label5 = makeLabel(QStringLiteral("Label5"), record_texts::titleLabel(), 14, true);
-    Label6 = makeLabel(QStringLiteral("Label6"), record_texts::about());
+    current_list = makeLabel(QStringLiteral("current_list"), record_texts::kCurrentListPlaceholder, 10, true);
+    Label1 = makeLabel(QStringLiteral("Label1"), record_texts::kListNameLabel, 10);
+    Label2 = makeLabel(QStringLiteral("Label2"), record_texts::kRecordSelectedLabel, 9, true);
+    Label3 = makeLabel(QStringLiteral("Label3"), record_texts::kRecordMultipleLabel, 9, true);
+    Label4 = makeLabel(QStringLiteral("Label4"), record_texts::kEditHint);
+    Label5 = makeLabel(QStringLiteral("Label5"), record_texts::kTitleLabel, 14, true);
+    Label6 = makeLabel(QStringLiteral("Label6"), record_texts::kAbout);
     for (QLabel* label : {Label4, Label6})
         label->setWordWrap(true);
     countdown = makeLabel(QStringLiteral("countdown"), QString(), 24, true);
@@ -137,23 +137,23 @@ void RecordWindow::buildControls()
         this->*row.single = makeButton(QString::fromLatin1(row.name) + QStringLiteral("_single"), caption);
         this->*row.many = makeButton(QString::fromLatin1(row.name) + QStringLiteral("_many"), caption);
     }
-    unlimited = makeButton(QStringLiteral("unlimited"), record_texts::unlimitedCaption());
-    stop_auto_record = makeButton(QStringLiteral("stop_auto_record"), record_texts::stopCaption());
+    unlimited = makeButton(QStringLiteral("unlimited"), record_texts::kUnlimitedCaption);
+    stop_auto_record = makeButton(QStringLiteral("stop_auto_record"), record_texts::kStopCaption);
     stop_auto_record->setFont(controls::font(controls::kSansSerif, 12, true));
-    record_speed = makeButton(QStringLiteral("record_speed"), record_texts::fastCaption());
-    Check1 = controls::checkBox(this, QStringLiteral("Check1"), record_texts::keepSilenceCaption(),
+    record_speed = makeButton(QStringLiteral("record_speed"), record_texts::kFastCaption);
+    Check1 = controls::checkBox(this, QStringLiteral("Check1"), record_texts::kKeepSilenceCaption,
                                 controls::font(controls::kSansSerif, 8));
 
-    add_word = makeButton(QStringLiteral("add_word"), record_texts::addWordCaption());
-    save_text = makeButton(QStringLiteral("save_text"), record_texts::saveTextCaption());
-    delete_word = makeButton(QStringLiteral("delete_word"), record_texts::deleteWordCaption());
-    refresh_lists = makeButton(QStringLiteral("refresh_lists"), record_texts::refreshCaption());
-    exit_button = makeButton(QStringLiteral("exit_button"), record_texts::exitCaption());
-    Command1 = makeButton(QStringLiteral("Command1"), record_texts::advancedEditingCaption());
-    instructions_text = makeButton(QStringLiteral("instructions_text"), record_texts::textInstructionsCaption());
-    instructions_record = makeButton(QStringLiteral("instructions_record"), record_texts::recordInstructionsCaption());
-    license = makeButton(QStringLiteral("license"), record_texts::licenseCaption());
-    zip = makeButton(QStringLiteral("zip"), record_texts::zipCaption());
+    add_word = makeButton(QStringLiteral("add_word"), record_texts::kAddWordCaption);
+    save_text = makeButton(QStringLiteral("save_text"), record_texts::kSaveTextCaption);
+    delete_word = makeButton(QStringLiteral("delete_word"), record_texts::kDeleteWordCaption);
+    refresh_lists = makeButton(QStringLiteral("refresh_lists"), record_texts::kRefreshCaption);
+    exit_button = makeButton(QStringLiteral("exit_button"), record_texts::kExitCaption);
+    Command1 = makeButton(QStringLiteral("Command1"), record_texts::kAdvancedEditingCaption);
+    instructions_text = makeButton(QStringLiteral("instructions_text"), record_texts::kTextInstructionsCaption);
+    instructions_record = makeButton(QStringLiteral("instructions_record"), record_texts::kRecordInstructionsCaption);
+    license = makeButton(QStringLiteral("license"), record_texts::kLicenseCaption);
+    zip = makeButton(QStringLiteral("zip"), record_texts::kZipCaption);
 }
 
 void RecordWindow::buildLayout()
@@ -426,17 +426,17 @@ void RecordWindow::exit_button_click()
 
 void RecordWindow::instructions_text_click()
 {
-    m_session.prompts.message(record_texts::textInstructions());
+    m_session.prompts.message(record_texts::kTextInstructions);
 }
 
 void RecordWindow::instructions_record_click()
 {
-    m_session.prompts.message(record_texts::recordInstructions());
+    m_session.prompts.message(record_texts::kRecordInstructions);
 }
 
 void RecordWindow::license_click()
 {
-    m_session.prompts.message(record_texts::license());
+    m_session.prompts.message(record_texts::kLicense);
 }
 
 void RecordWindow::unloading()

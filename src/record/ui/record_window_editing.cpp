@@ -7,8 +7,8 @@
 #include "core/session.h"
 #include "editor/ui/edit_list_window.h"
 #include "record/editing.h"
-#include "record/editing_texts.h"
 #include "record/packing.h"
+#include "record/texts.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -29,7 +29,7 @@ void RecordWindow::add_word_click()
     guarded([this] {
         QString error;
         if (!quorvane::add_word(m_session, editedEntry(*this), &error))
-            m_session.prompts.message(editing_texts::addFailed(error));
+            m_session.prompts.message(record_texts::addFailed(error));
     });
 }
 
@@ -41,7 +41,7 @@ void RecordWindow::save_text_click()
         if (const auto next = quorvane::save_text(m_session, editedEntry(*this), selectedRow(kind), flags::kNo, &error))
             selectRow(kind, *next);
         else
-            m_session.prompts.message(editing_texts::saveFailed(error));
+            m_session.prompts.message(record_texts::saveFailed(error));
     });
 }
 
@@ -53,7 +53,7 @@ void RecordWindow::delete_word_click()
         if (const auto next = quorvane::delete_word(m_session, editedEntry(*this), selectedRow(kind), &error))
             selectRow(kind, *next);
         else
-            m_session.prompts.message(editing_texts::deleteFailed(error));
+            m_session.prompts.message(record_texts::deleteFailed(error));
     });
 }
 
