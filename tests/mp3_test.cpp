@@ -1,11 +1,8 @@
 #include "flash/mp3_compile.h"
 #include "flash/ui/flash_window.h"
-#include "sound/sdl_sound.h"
 #include "test_support.h"
 
-#include <QDirIterator>
 #include <QLabel>
-#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 #include <taglib/id3v2tag.h>
@@ -162,72 +159,4 @@ TEST(Mp3, CompiledFilesCarryTitlesAndTrackNumbersAndAPlaylistInOrder)
         playlist += "#EXTINF:-1," + QByteArray(title) + "\n" + name.toUtf8() + "\n";
     }
     EXPECT_EQ(p.folder.read("100words.m3u8"), playlist);
-}
-
-TEST(Mp3, TheSampleCourseCompilesIntoAFileThatDecodesWhole)
-{
-    Program p;
-    const QString sample = QStringLiteral(QUORVANE_DEMO_DIR);
-    // The sample folder: its word files copied, its folders of recordings linked.
-    for (QDirIterator it(sample, QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
-        const QString relative = it.next().mid(sample.size() + 1);
-        const QString folder = QFileInfo(relative).path();
-        const bool recordings = QRegularExpression("/[0-9]{2}$").match(folder).hasMatch();
-        p.folder.mkdir(recordings ? QFileInfo(folder).path() : folder);
-        if (recordings)
-            QFile::link(sample + "/" + folder, p.folder.file(folder));
-        else
-            ASSERT_TRUE(QFile::copy(it.filePath(), p.folder.file(relative))) << relative.toStdString();
-    }
-    p.start("spanish");
-    Program::choose(p.main()->lists_list, "colours");
-    Session& s = p.session();
-    answer(p, {true, QString("2"), QString("0.2")});
-    (new FlashWindow(s, p.main()))->auto_mp3_click();
-    ASSERT_EQ(p.prompts.texts().last(), "1 files have been completed.");
-
-    // The sum of what went in, each piece decoded on its own by the real sound engine.
-    SdlSound engine;
-    ASSERT_TRUE(engine.init(22050, 64, 0));
-    auto seconds = [&engine](const QString& path) {
-        const int sample = engine.sampleLoad(kFreeIndex, path, kPlaybackSampleMode, 0, 0);
-        EXPECT_NE(sample, 0) << path.toStdString();
-        return engine.sampleGetLength(sample) / 22050.0;
-    };
-    double expected = 0.0;
-    const int pieces = 7 * s.wordCount();
-    ASSERT_GT(s.wordCount(), 10);
-    for (int i = 0; i < s.wordCount(); ++i)
-        expected +=
-            2 * (seconds(recording_path(s, s.target_sound_numbers[s.sound_numbers[i].toInt()], "english")) +
-                 seconds(recording_path(s, s.sound_numbers[i], "spanish")) + seconds(p.folder.file("silence.mp3"))) +
-            seconds(p.folder.file("beep.mp3"));
-
-    // ffmpeg decodes it all; its only complaints are about the line ends between the pieces, and the
-    // one frame (576 samples) it drops after each of them.
-    QByteArray samples;
-    QString errors;
-    runTool("ffmpeg",
-            {"-v", "error", "-i", p.folder.file("100words1.mp3"), "-f", "s16le", "-ac", "1", "-ar", "22050", "-"},
-            &samples, &errors);
-    const QStringList complaints = errors.split('\n', Qt::SkipEmptyParts);
-    EXPECT_LE(complaints.filter("Header missing").size(), pieces);
-    EXPECT_EQ(complaints.filter(QRegularExpression("Header missing|Invalid data found|Last message repeated")),
-              complaints);
-    const double decoded = samples.size() / (2 * 22050.0);
-
-    // The tag changes nothing of what is heard, and a player shows its title and track.
-    p.folder.write("audio.mp3", audioOf(p.folder.read("100words1.mp3")));
-    QByteArray untagged;
-    runTool("ffmpeg", {"-v", "quiet", "-i", p.folder.file("audio.mp3"), "-f", "s16le", "-ac", "1", "-ar", "22050", "-"},
-            &untagged);
-    EXPECT_EQ(samples.size(), untagged.size());
-    QByteArray shown;
-    runTool(
-        "ffprobe",
-        {"-v", "quiet", "-show_entries", "format_tags=title,track", "-of", "csv=p=0", p.folder.file("100words1.mp3")},
-        &shown);
-    EXPECT_EQ(shown.trimmed(), QByteArray("colours 1-") + QByteArray::number(s.wordCount()) + ",1");
-    EXPECT_LE(decoded, expected * 1.01);
-    EXPECT_GE(decoded, expected - pieces * 576.0 / 22050 - expected * 0.01);
 }
