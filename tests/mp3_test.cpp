@@ -58,12 +58,6 @@ FlashWindow* openCards(Program& p, int words = 3)
     return new FlashWindow(p.session(), p.main());
 }
 
-void answer(Program& p, const QVariantList& answers)
-{
-    for (const QVariant& answer : answers)
-        p.prompts.push(answer);
-}
-
 } // namespace
 
 TEST(Mp3, CreateMp3CapturesTheCardsThatFollowItsBeeps)
@@ -75,7 +69,7 @@ TEST(Mp3, CreateMp3CapturesTheCardsThatFollowItsBeeps)
     s.repeat_count = 2;
     s.speed = 0.4f;
     p.folder.write("out_file.mp3", "from last time");
-    answer(p, {QString("2")});
+    p.prompts.answers = {QString("2")};
     cards->create_mp3_click();
     EXPECT_FALSE(p.folder.exists("out_file.mp3"));
     EXPECT_EQ(s.mp3_words_left, 2);
@@ -99,7 +93,7 @@ TEST(Mp3, CreateMp3CapturesTheCardsThatFollowItsBeeps)
     EXPECT_EQ(cards->mp3_label->text(), "1 words added");
 
     // One word asked: one beep and nothing captured.
-    answer(p, {QString("1")});
+    p.prompts.answers = {QString("1")};
     cards->create_mp3_click();
     p.pauseAtSound(2);
     cards->playwords();
@@ -118,7 +112,7 @@ TEST(Mp3, AutoMp3WritesEveryWordWithTranslationSilenceAndBeepInFilesOfAHundred)
     // 0.5 s is two pieces of silence, 0.3 s one (cut, not rounded), 0 none.
     for (const auto& [entry, pieces] : {std::pair<const char*, int>{"0.5", 2}, {"0.3", 1}, {"0", 0}}) {
         p.prompts.shown.clear();
-        answer(p, {true, QString("2"), QString(entry)});
+        p.prompts.answers = {true, QString("2"), QString(entry)};
         cards->auto_mp3_click();
         // A hundred words make one file, counted as two.
         EXPECT_EQ(p.prompts.texts(), QStringList({kConfirm, kRepeats, kSilence, "2 files have been completed."}));
@@ -137,7 +131,7 @@ TEST(Mp3, AutoMp3WritesEveryWordWithTranslationSilenceAndBeepInFilesOfAHundred)
     for (const QVariantList& script :
          QList<QVariantList>{{false}, {true, QString()}, {true, QString("3"), QString()}}) {
         p.prompts.shown.clear();
-        answer(p, script);
+        p.prompts.answers = script;
         cards->auto_mp3_click();
         EXPECT_EQ(p.prompts.texts().size(), script.size() + 1);
         EXPECT_EQ(p.prompts.texts().last(), "Action has been cancelled");
@@ -149,7 +143,7 @@ TEST(Mp3, CompiledFilesCarryTitlesAndTrackNumbersAndAPlaylistInOrder)
 {
     Program p;
     FlashWindow* cards = openCards(p, 205);
-    answer(p, {true, QString("1"), QString("0")});
+    p.prompts.answers = {true, QString("1"), QString("0")};
     cards->auto_mp3_click();
     QByteArray playlist = "#EXTM3U\n";
     for (const auto& [file, title] : {std::pair{1, "words 1-100"}, {2, "words 101-200"}, {3, "words 201-205"}}) {

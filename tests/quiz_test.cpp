@@ -79,7 +79,7 @@ QByteArray resultLine(const TestWindow* t, const QString& fields)
 
 } // namespace
 
-TEST(QuizJudging, TypingRulesFoldingScoresAndTimes)
+TEST(QuizJudging, TypingRulesFoldingScoresTimesAndChoicesDrawnOnTheRealClock)
 {
     for (const char* right : {"walk", "to go", "to go, to walk", "go", "o", "t"})
         EXPECT_TRUE(typed_answer_found(right, "to go, to walk")) << right;
@@ -99,6 +99,23 @@ TEST(QuizJudging, TypingRulesFoldingScoresAndTimes)
               QStringList({"03:25 ", "1:03:25 ", "12 ", "1:00:05 PM"}));
     EXPECT_EQ(us_date_time(QDateTime(QDate(2007, 3, 14), QTime(14, 14, 7))), "3/14/2007 2:14:07 PM");
     EXPECT_EQ(us_date_time(QDateTime(QDate(2007, 11, 4), QTime(0, 5, 0))), "11/4/2007 12:05:00 AM");
+
+    // On the real clock, six choices drawn in a row differ.
+    ScriptedPrompts prompts;
+    FakeSound sound;
+    QtClock clock;
+    Session s(prompts, sound, clock);
+    create_array_of_words(s, QStringLiteral(QUORVANE_DEMO_DIR "/languages/spanish/master_spanish.txt"));
+    ASSERT_EQ(s.wordCount(), 620);
+    int distinct = 0;
+    for (int question = 0; question < 1000; ++question) {
+        const int index = static_cast<int>(random_index(s, 0, s.wordCount() - 1));
+        const int position = static_cast<int>(random_index(s, 1, 6));
+        const QStringList choices = draw_choices(s, s.translations.at(index), position);
+        EXPECT_EQ(choices.at(position - 1), s.translations.at(index));
+        distinct += QSet<QString>(choices.begin(), choices.end()).size() == 6 ? 1 : 0;
+    }
+    EXPECT_GE(distinct, 950);
 }
 
 TEST(QuizWindow, LoadsItsSetUpRefusesWhatCannotStartAndTheResultsWindowSavesAndPrints)
@@ -354,23 +371,4 @@ TEST(QuizWindow, SpellingIsBySoundFoldsOnlyTheExpectedWordAndAMissingRecordingCa
     EXPECT_TRUE(p.folder.read("test_results.txt")
                     .endsWith("\tcolours\t0\t0%\t00:00 \tFill In Blank\tSound Only\t" +
                               us_date_time(t->state().start_time).toLatin1() + "\r\n"));
-}
-
-TEST(QuizResults, OnTheRealClockSixChoicesDrawnInARowDiffer)
-{
-    ScriptedPrompts prompts;
-    FakeSound sound;
-    QtClock clock;
-    Session s(prompts, sound, clock);
-    create_array_of_words(s, QStringLiteral(QUORVANE_DEMO_DIR "/languages/spanish/master_spanish.txt"));
-    ASSERT_EQ(s.wordCount(), 620);
-    int distinct = 0;
-    for (int question = 0; question < 1000; ++question) {
-        const int index = static_cast<int>(random_index(s, 0, s.wordCount() - 1));
-        const int position = static_cast<int>(random_index(s, 1, 6));
-        const QStringList choices = draw_choices(s, s.translations.at(index), position);
-        EXPECT_EQ(choices.at(position - 1), s.translations.at(index));
-        distinct += QSet<QString>(choices.begin(), choices.end()).size() == 6 ? 1 : 0;
-    }
-    EXPECT_GE(distinct, 950);
 }

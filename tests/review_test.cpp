@@ -45,7 +45,7 @@ QByteArray logLine(const char* when, const char* word, const char* number, int g
 
 } // namespace
 
-TEST(ReviewScheduler, FirstReviewsAKnownSequenceAndItsBoundaries)
+TEST_F(CoreTest, ReviewSchedulerLogQueueSettingsAndScores)
 {
     // A first review: stability w0..w3, difficulty w4 - e^(w5 (G - 1)) + 1, interval at 0.9.
     const double stability[] = {0.40255, 1.18385, 3.173, 15.69105};
@@ -97,10 +97,7 @@ TEST(ReviewScheduler, FirstReviewsAKnownSequenceAndItsBoundaries)
     EXPECT_EQ(review::due_day(third, 0.9), 5);
     // A line dated before the latest review counts as the same day.
     EXPECT_NEAR(reviewed({{3, 5}, {1, 4}}).stability, twice.stability, 1e-9);
-}
-
-TEST_F(CoreTest, ReviewLogIsAppendedAsBytesReplayedIncrementallyAndFeedsTheQueueTheSettingsAndTheScores)
-{
+    // The log: appended as bytes, replayed as it grows, damaged lines counted and skipped.
     session.user_folder = folder.path() + "/users/kestrin/";
     session.current_language = "spanish";
     session.current_list = "words";

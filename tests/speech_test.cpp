@@ -55,12 +55,12 @@ QByteArray decodeMp3(const QByteArray& mp3, QString* description)
 
 } // namespace
 
-TEST(Speech, EncodedMp3IsTheCourseFormatAndKeepsTheSoundsLength)
+TEST(Speech, EspeakSpeaksWithTheTablesVoicesAndEncodedMp3IsTheCourseFormatOfTheSameLength)
 {
     // 22050 Hz as it is, 16000 Hz resampled: both come out 32 kbit/s mono 22050 Hz, as long as they went in
     // (plus the encoder's delay and padding, under two frames).
+    QString error;
     for (const int rate : {22050, 16000}) {
-        QString error;
         const std::optional<QByteArray> mp3 = encodeMp3(tone(1.5, rate), rate, &error);
         ASSERT_TRUE(mp3) << error.toStdString();
         EXPECT_NE(mp3->left(3), "ID3");
@@ -74,18 +74,14 @@ TEST(Speech, EncodedMp3IsTheCourseFormatAndKeepsTheSoundsLength)
         EXPECT_GT(peak(decoded), 4000);
     }
 
-    QString error;
     EXPECT_FALSE(encodeMp3(QByteArray(3, '\0'), 22050, &error));
     EXPECT_EQ(error, "the sound data ends in half a sample");
     EXPECT_FALSE(encodeMp3(tone(0.1, 22050), 0, &error));
     EXPECT_EQ(error, "the sample rate 0 Hz is not valid");
-}
 
-TEST(Speech, EspeakSpeaksWordsAndMarkupAsPlainTextWithTheTablesVoices)
-{
+    // eSpeak NG speaks words, and markup as plain text, with the table's voices.
     EspeakSpeech espeak;
     for (const auto& [voice, text] : {std::pair{"es", "mariposa"}, {"en", "butterfly"}, {"en", "<b>"}}) {
-        QString error;
         const std::optional<QByteArray> pcm = espeak.synthesize(voice, text, &error);
         ASSERT_TRUE(pcm) << error.toStdString();
         const double seconds = pcm->size() / (2.0 * 22050);
@@ -99,7 +95,6 @@ TEST(Speech, EspeakSpeaksWordsAndMarkupAsPlainTextWithTheTablesVoices)
     for (const char* language : {"spanish", "english", "french", "german", "mandarin", "japanese", "russian", "welsh"})
         EXPECT_TRUE(espeak.hasVoice(table_voice(language))) << language;
     EXPECT_FALSE(espeak.hasVoice("no-such-voice"));
-    QString error;
     EXPECT_FALSE(espeak.synthesize("no-such-voice", "hola", &error));
     EXPECT_EQ(error, "eSpeak NG has no voice \"no-such-voice\"");
     EXPECT_TRUE(espeak.synthesize("es", "hola", nullptr)) << "a refused voice leaves the others usable";
@@ -178,8 +173,7 @@ TEST(SpokenWordsWindows, CompiledFilesAndCardsSpeakWhatIsNotRecordedTheTestAsksI
     p.speaker = &p.speech;
     openCourse(p, 2, false);
     Session& s = p.session();
-    for (const QVariant& answer : {QVariant(true), QVariant("2"), QVariant("0")})
-        p.prompts.push(answer);
+    p.prompts.answers = {true, QString("2"), QString("0")};
     (new FlashWindow(s, p.main()))->auto_mp3_click();
     ASSERT_EQ(p.prompts.texts().last(), "1 files have been completed.");
     // Twice the translation and the word of two words, half a second each: ffmpeg hears four seconds,
