@@ -55,7 +55,7 @@ QByteArray decodeMp3(const QByteArray& mp3, QString* description)
 
 } // namespace
 
-TEST(Speech, EspeakSpeaksWithTheTablesVoicesAndEncodedMp3IsTheCourseFormatOfTheSameLength)
+TEST(Speech, EspeakWithTheTablesVoicesItsCacheAndEncodedMp3InTheCourseFormatOfTheSameLength)
 {
     // 22050 Hz as it is, 16000 Hz resampled: both come out 32 kbit/s mono 22050 Hz, as long as they went in
     // (plus the encoder's delay and padding, under two frames).
@@ -98,10 +98,8 @@ TEST(Speech, EspeakSpeaksWithTheTablesVoicesAndEncodedMp3IsTheCourseFormatOfTheS
     EXPECT_FALSE(espeak.synthesize("no-such-voice", "hola", &error));
     EXPECT_EQ(error, "eSpeak NG has no voice \"no-such-voice\"");
     EXPECT_TRUE(espeak.synthesize("es", "hola", nullptr)) << "a refused voice leaves the others usable";
-}
 
-TEST(Speech, TheCacheSpeaksEachTextOnceAndForgetsTheLeastRecentlyUsedBeyondItsBound)
-{
+    // The cache speaks each text once and forgets the least recently used beyond its bound.
     FakeSpeech fake;
     fake.voices = {"es"};
     const qint64 one = fake.synthesize("es", "x", nullptr)->size();
