@@ -28,7 +28,7 @@ using test::Program;
 
 const QByteArray kMp3 = QByteArray("ID3\x03\x00", 5) + test::patternBytes(300);
 
-TEST(ExchangeText, CsvQuotingSeparatorsEncodingsAndBrokenRecords)
+TEST(ExchangeText, CsvQuotingSeparatorsEncodingsBrokenRecordsAndKvtmlLessons)
 {
     CsvRecords parsed = parseCsv("a,\"b, c\"\r\n\"say \"\"hi\"\"\",\"two\nlines\"\r\nx,\"bad\"tail,z\r\nlast,one\r\n");
     EXPECT_EQ(parsed.records, (QList<QStringList>{{"a", "b, c"}, {"say \"hi\"", "two\nlines"}, {"last", "one"}}));
@@ -51,10 +51,8 @@ TEST(ExchangeText, CsvQuotingSeparatorsEncodingsAndBrokenRecords)
     EXPECT_EQ(replaced, 3);
     EXPECT_EQ(stripHtml("<div>perro&nbsp;&amp; gato</div><br/>&#233;t&#xE9; &bogus; <b>x</b>"),
               QString::fromUtf8("perro & gato \xC3\xA9t\xC3\xA9 &bogus; x"));
-}
 
-TEST(ExchangeText, KvtmlLessonsAndFilesThatAreNotKvtml)
-{
+    // KVTML: lessons nested by their containers, and files that are not KVTML.
     const QByteArray kvtml = R"(<?xml version="1.0"?><kvtml version="2.0"><entries>
 <entry id="0"><translation id="0"><text>perro</text><sound>dog.mp3</sound></translation>
 <translation id="1"><text>dog</text></translation></entry>
@@ -101,37 +99,7 @@ struct ExchangeImport : CoreTest
     QByteArray language(const QString& relative) const { return folder.read("languages/spanish/" + relative); }
 };
 
-TEST_F(ExchangeImport, CsvBecomesANewListWithNewNumbersAndItsMp3Audio)
-{
-    ASSERT_EQ(import_word_list(session, folder.file("in/words.csv"), nullptr), QString("words"));
-    const QByteArray entries = "casa|house|01000\r\nperro|dog|70000\r\ngato|cat|70001\r\npez|fish|70002\r\n";
-    EXPECT_EQ(language("words.txt"), entries);
-    EXPECT_EQ(language("master_spanish.txt"), entries);
-    EXPECT_EQ(language("highest_num.dat"), " 70003\r\n");
-    EXPECT_EQ(language("70/70000.mp3"), kMp3);
-    EXPECT_FALSE(folder.exists("languages/spanish/70/70001.mp3"));
-    // The WAV is encoded to MPEG audio frames: a frame sync first, and far fewer bytes than its samples.
-    const QByteArray encoded = language("70/70002.mp3");
-    ASSERT_GT(encoded.size(), 100);
-    EXPECT_EQ(encoded.left(2).toHex(), "fff3");
-    EXPECT_LT(encoded.size(), 8820 / 4);
-    ASSERT_EQ(prompts.shown.size(), 1);
-    EXPECT_EQ(prompts.shown[0].text, "Imported 4 entries into the list words, 2 of them with audio.\n"
-                                     "Characters a word list cannot hold, replaced by \"?\": 0.\n"
-                                     "Lines skipped: 1.\nWords imported without their audio: 1.\n"
-                                     "  line 5: no translation\n  gato.wav: the audio cannot be converted to MP3");
-
-    // Imported again, under the name asked for, every word keeps its number: nothing new is made.
-    prompts.push(QString("words again"));
-    ASSERT_EQ(import_word_list(session, folder.file("in/words.csv"), nullptr), QString("words_again"));
-    EXPECT_EQ(prompts.shown[1].kind + prompts.shown[1].text,
-              "inputThe language spanish already has a list named words. What should the new list be called?");
-    EXPECT_EQ(language("words_again.txt"), entries);
-    EXPECT_EQ(language("master_spanish.txt"), entries);
-    EXPECT_EQ(language("highest_num.dat"), " 70003\r\n");
-}
-
-TEST_F(ExchangeImport, CancelOrAFailedWriteLeavesEveryFileAsItWas)
+TEST_F(ExchangeImport, CsvBecomesANewListWithNewNumbersAndItsMp3AudioUnlessCancelledOrFailed)
 {
     struct Cancel : ImportProgress
     {
@@ -153,6 +121,34 @@ TEST_F(ExchangeImport, CancelOrAFailedWriteLeavesEveryFileAsItWas)
     EXPECT_FALSE(folder.exists("languages/spanish/words.txt"));
     EXPECT_FALSE(folder.exists("languages/spanish/70/70100.mp3"));
     EXPECT_FALSE(folder.exists("languages/spanish/70/70102.mp3"));
+
+    // Imported whole, the counter goes on from where it stood.
+    ASSERT_EQ(import_word_list(session, folder.file("in/words.csv"), nullptr), QString("words"));
+    const QByteArray entries = "casa|house|01000\r\nperro|dog|70100\r\ngato|cat|70101\r\npez|fish|70102\r\n";
+    EXPECT_EQ(language("words.txt"), entries);
+    EXPECT_EQ(language("master_spanish.txt"), entries);
+    EXPECT_EQ(language("highest_num.dat"), " 70103\r\n");
+    EXPECT_EQ(language("70/70100.mp3"), kMp3);
+    EXPECT_FALSE(folder.exists("languages/spanish/70/70101.mp3"));
+    // The WAV is encoded to MPEG audio frames: a frame sync first, and far fewer bytes than its samples.
+    const QByteArray encoded = language("70/70102.mp3");
+    ASSERT_GT(encoded.size(), 100);
+    EXPECT_EQ(encoded.left(2).toHex(), "fff3");
+    EXPECT_LT(encoded.size(), 8820 / 4);
+    ASSERT_EQ(prompts.shown.size(), 1);
+    EXPECT_EQ(prompts.shown[0].text, "Imported 4 entries into the list words, 2 of them with audio.\n"
+                                     "Characters a word list cannot hold, replaced by \"?\": 0.\n"
+                                     "Lines skipped: 1.\nWords imported without their audio: 1.\n"
+                                     "  line 5: no translation\n  gato.wav: the audio cannot be converted to MP3");
+
+    // Imported again, under the name asked for, every word keeps its number: nothing new is made.
+    prompts.push(QString("words again"));
+    ASSERT_EQ(import_word_list(session, folder.file("in/words.csv"), nullptr), QString("words_again"));
+    EXPECT_EQ(prompts.shown[1].kind + prompts.shown[1].text,
+              "inputThe language spanish already has a list named words. What should the new list be called?");
+    EXPECT_EQ(language("words_again.txt"), entries);
+    EXPECT_EQ(language("master_spanish.txt"), entries);
+    EXPECT_EQ(language("highest_num.dat"), " 70103\r\n");
 }
 
 TEST_F(ExchangeImport, AnkiPackagesAndPackagesThatCannotBeRead)
@@ -187,50 +183,44 @@ TEST_F(ExchangeImport, AnkiPackagesAndPackagesThatCannotBeRead)
               (QStringList{"bare.txt", "deck.txt", "highest_num.dat", "master_spanish.txt"}));
 }
 
-struct ExchangeWindow : ::testing::Test, Program
+TEST(ExchangeWindow, ImportedWordsPlayTheirAudioAndExportsReimportIdentically)
 {
-    ExchangeWindow()
-    {
-        for (const char* language : {"english", "french", "spanish"})
-            folder.mkdir(QString("languages/") + language);
-        folder.write("in/perro.mp3", kMp3);
-        folder.write("in/words.csv", "perro,dog,perro.mp3\r\n\"gato, el\",cat\r\n");
-    }
-};
+    Program p;
+    for (const char* language : {"english", "french", "spanish"})
+        p.folder.mkdir(QString("languages/") + language);
+    p.folder.write("in/perro.mp3", kMp3);
+    p.folder.write("in/words.csv", "perro,dog,perro.mp3\r\n\"gato, el\",cat\r\n");
+    MainWindow* main = p.start("spanish");
+    main->import_word_list(p.folder.file("in/words.csv"));
+    ASSERT_EQ(main->lists_list->currentItem()->text(), "words");
+    EXPECT_EQ(test::items(main->words_list), (QStringList{"perro", "gato, el"}));
+    select_row(main->words_list, 0);
+    EXPECT_EQ(p.sound.played, QStringList{p.played("spanish/70/70000.mp3")});
 
-TEST_F(ExchangeWindow, ImportedWordsPlayTheirAudioAndExportsReimportIdentically)
-{
-    start("spanish");
-    main()->import_word_list(folder.file("in/words.csv"));
-    ASSERT_EQ(main()->lists_list->currentItem()->text(), "words");
-    EXPECT_EQ(test::items(main()->words_list), (QStringList{"perro", "gato, el"}));
-    select_row(main()->words_list, 0);
-    EXPECT_EQ(sound.played, QStringList{played("spanish/70/70000.mp3")});
-
-    prompts.push(true);
-    main()->export_word_list(folder.file("out/words.csv"));
-    EXPECT_EQ(folder.read("out/words.csv"),
+    p.prompts.push(true);
+    main->export_word_list(p.folder.file("out/words.csv"));
+    EXPECT_EQ(p.folder.read("out/words.csv"),
               "word,translation,sound number,audio\r\nperro,dog,70000,words_audio/perro.mp3\r\n"
               "\"gato, el\",cat,70001,\r\n");
-    EXPECT_EQ(folder.read("out/words_audio/perro.mp3"), kMp3);
-    prompts.push(false);
-    main()->export_word_list(folder.file("out/words.kvtml"));
+    EXPECT_EQ(p.folder.read("out/words_audio/perro.mp3"), kMp3);
+    p.prompts.push(false);
+    main->export_word_list(p.folder.file("out/words.kvtml"));
 
-    const QByteArray list = folder.read("languages/spanish/words.txt");
+    const QByteArray list = p.folder.read("languages/spanish/words.txt");
     for (const QString language : {"english", "french"}) {
-        Program::choose(main()->lang_list, language);
-        main()->import_word_list(folder.file(language == "english" ? "out/words.csv" : "out/words.kvtml"));
-        EXPECT_EQ(folder.read("languages/" + language + "/words.txt"), list) << language.toStdString();
+        Program::choose(main->lang_list, language);
+        main->import_word_list(p.folder.file(language == "english" ? "out/words.csv" : "out/words.kvtml"));
+        EXPECT_EQ(p.folder.read("languages/" + language + "/words.txt"), list) << language.toStdString();
     }
-    EXPECT_EQ(folder.read("languages/english/70/70000.mp3"), kMp3);
+    EXPECT_EQ(p.folder.read("languages/english/70/70000.mp3"), kMp3);
 
     // The flash cards of the imported list play the imported recording too.
-    Program::choose(main()->lang_list, "spanish");
-    Program::choose(main()->lists_list, "words");
-    sound.played.clear();
-    pauseAtSound(1);
-    main()->flash_cards_click();
-    EXPECT_EQ(sound.played, QStringList{played("spanish/70/70000.mp3")});
+    Program::choose(main->lang_list, "spanish");
+    Program::choose(main->lists_list, "words");
+    p.sound.played.clear();
+    p.pauseAtSound(1);
+    main->flash_cards_click();
+    EXPECT_EQ(p.sound.played, QStringList{p.played("spanish/70/70000.mp3")});
 }
 
 // The File menu's item, its real file dialog and its real summary box, answered inside the event loop.

@@ -1,11 +1,8 @@
 #include "flash/mp3_compile.h"
 #include "flash/ui/flash_window.h"
-#include "sound/sdl_sound.h"
 #include "test_support.h"
 
-#include <QDirIterator>
 #include <QLabel>
-#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 #include <taglib/id3v2tag.h>
@@ -61,12 +58,6 @@ FlashWindow* openCards(Program& p, int words = 3)
     return new FlashWindow(p.session(), p.main());
 }
 
-void answer(Program& p, const QVariantList& answers)
-{
-    for (const QVariant& answer : answers)
-        p.prompts.push(answer);
-}
-
 } // namespace
 
 TEST(Mp3, CreateMp3CapturesTheCardsThatFollowItsBeeps)
@@ -78,7 +69,7 @@ TEST(Mp3, CreateMp3CapturesTheCardsThatFollowItsBeeps)
     s.repeat_count = 2;
     s.speed = 0.4f;
     p.folder.write("out_file.mp3", "from last time");
-    answer(p, {QString("2")});
+    p.prompts.answers = {QString("2")};
     cards->create_mp3_click();
     EXPECT_FALSE(p.folder.exists("out_file.mp3"));
     EXPECT_EQ(s.mp3_words_left, 2);
@@ -102,7 +93,7 @@ TEST(Mp3, CreateMp3CapturesTheCardsThatFollowItsBeeps)
     EXPECT_EQ(cards->mp3_label->text(), "1 words added");
 
     // One word asked: one beep and nothing captured.
-    answer(p, {QString("1")});
+    p.prompts.answers = {QString("1")};
     cards->create_mp3_click();
     p.pauseAtSound(2);
     cards->playwords();
@@ -121,7 +112,7 @@ TEST(Mp3, AutoMp3WritesEveryWordWithTranslationSilenceAndBeepInFilesOfAHundred)
     // 0.5 s is two pieces of silence, 0.3 s one (cut, not rounded), 0 none.
     for (const auto& [entry, pieces] : {std::pair<const char*, int>{"0.5", 2}, {"0.3", 1}, {"0", 0}}) {
         p.prompts.shown.clear();
-        answer(p, {true, QString("2"), QString(entry)});
+        p.prompts.answers = {true, QString("2"), QString(entry)};
         cards->auto_mp3_click();
         // A hundred words make one file, counted as two.
         EXPECT_EQ(p.prompts.texts(), QStringList({kConfirm, kRepeats, kSilence, "2 files have been completed."}));
@@ -140,7 +131,7 @@ TEST(Mp3, AutoMp3WritesEveryWordWithTranslationSilenceAndBeepInFilesOfAHundred)
     for (const QVariantList& script :
          QList<QVariantList>{{false}, {true, QString()}, {true, QString("3"), QString()}}) {
         p.prompts.shown.clear();
-        answer(p, script);
+        p.prompts.answers = script;
         cards->auto_mp3_click();
         EXPECT_EQ(p.prompts.texts().size(), script.size() + 1);
         EXPECT_EQ(p.prompts.texts().last(), "Action has been cancelled");
@@ -152,7 +143,7 @@ TEST(Mp3, CompiledFilesCarryTitlesAndTrackNumbersAndAPlaylistInOrder)
 {
     Program p;
     FlashWindow* cards = openCards(p, 205);
-    answer(p, {true, QString("1"), QString("0")});
+    p.prompts.answers = {true, QString("1"), QString("0")};
     cards->auto_mp3_click();
     QByteArray playlist = "#EXTM3U\n";
     for (const auto& [file, title] : {std::pair{1, "words 1-100"}, {2, "words 101-200"}, {3, "words 201-205"}}) {
@@ -162,72 +153,4 @@ TEST(Mp3, CompiledFilesCarryTitlesAndTrackNumbersAndAPlaylistInOrder)
         playlist += "#EXTINF:-1," + QByteArray(title) + "\n" + name.toUtf8() + "\n";
     }
     EXPECT_EQ(p.folder.read("100words.m3u8"), playlist);
-}
-
-TEST(Mp3, TheSampleCourseCompilesIntoAFileThatDecodesWhole)
-{
-    Program p;
-    const QString sample = QStringLiteral(QUORVANE_DEMO_DIR);
-    // The sample folder: its word files copied, its folders of recordings linked.
-    for (QDirIterator it(sample, QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
-        const QString relative = it.next().mid(sample.size() + 1);
-        const QString folder = QFileInfo(relative).path();
-        const bool recordings = QRegularExpression("/[0-9]{2}$").match(folder).hasMatch();
-        p.folder.mkdir(recordings ? QFileInfo(folder).path() : folder);
-        if (recordings)
-            QFile::link(sample + "/" + folder, p.folder.file(folder));
-        else
-            ASSERT_TRUE(QFile::copy(it.filePath(), p.folder.file(relative))) << relative.toStdString();
-    }
-    p.start("spanish");
-    Program::choose(p.main()->lists_list, "colours");
-    Session& s = p.session();
-    answer(p, {true, QString("2"), QString("0.2")});
-    (new FlashWindow(s, p.main()))->auto_mp3_click();
-    ASSERT_EQ(p.prompts.texts().last(), "1 files have been completed.");
-
-    // The sum of what went in, each piece decoded on its own by the real sound engine.
-    SdlSound engine;
-    ASSERT_TRUE(engine.init(22050, 64, 0));
-    auto seconds = [&engine](const QString& path) {
-        const int sample = engine.sampleLoad(kFreeIndex, path, kPlaybackSampleMode, 0, 0);
-        EXPECT_NE(sample, 0) << path.toStdString();
-        return engine.sampleGetLength(sample) / 22050.0;
-    };
-    double expected = 0.0;
-    const int pieces = 7 * s.wordCount();
-    ASSERT_GT(s.wordCount(), 10);
-    for (int i = 0; i < s.wordCount(); ++i)
-        expected +=
-            2 * (seconds(recording_path(s, s.target_sound_numbers[s.sound_numbers[i].toInt()], "english")) +
-                 seconds(recording_path(s, s.sound_numbers[i], "spanish")) + seconds(p.folder.file("silence.mp3"))) +
-            seconds(p.folder.file("beep.mp3"));
-
-    // ffmpeg decodes it all; its only complaints are about the line ends between the pieces, and the
-    // one frame (576 samples) it drops after each of them.
-    QByteArray samples;
-    QString errors;
-    runTool("ffmpeg",
-            {"-v", "error", "-i", p.folder.file("100words1.mp3"), "-f", "s16le", "-ac", "1", "-ar", "22050", "-"},
-            &samples, &errors);
-    const QStringList complaints = errors.split('\n', Qt::SkipEmptyParts);
-    EXPECT_LE(complaints.filter("Header missing").size(), pieces);
-    EXPECT_EQ(complaints.filter(QRegularExpression("Header missing|Invalid data found|Last message repeated")),
-              complaints);
-    const double decoded = samples.size() / (2 * 22050.0);
-
-    // The tag changes nothing of what is heard, and a player shows its title and track.
-    p.folder.write("audio.mp3", audioOf(p.folder.read("100words1.mp3")));
-    QByteArray untagged;
-    runTool("ffmpeg", {"-v", "quiet", "-i", p.folder.file("audio.mp3"), "-f", "s16le", "-ac", "1", "-ar", "22050", "-"},
-            &untagged);
-    EXPECT_EQ(samples.size(), untagged.size());
-    QByteArray shown;
-    runTool(
-        "ffprobe",
-        {"-v", "quiet", "-show_entries", "format_tags=title,track", "-of", "csv=p=0", p.folder.file("100words1.mp3")},
-        &shown);
-    EXPECT_EQ(shown.trimmed(), QByteArray("colours 1-") + QByteArray::number(s.wordCount()) + ",1");
-    EXPECT_LE(decoded, expected * 1.01);
-    EXPECT_GE(decoded, expected - pieces * 576.0 / 22050 - expected * 0.01);
 }

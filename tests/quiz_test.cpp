@@ -79,7 +79,7 @@ QByteArray resultLine(const TestWindow* t, const QString& fields)
 
 } // namespace
 
-TEST(QuizJudging, TypingRulesFoldingScoresAndTimes)
+TEST(QuizJudging, TypingRulesFoldingScoresTimesAndChoicesDrawnOnTheRealClock)
 {
     for (const char* right : {"walk", "to go", "to go, to walk", "go", "o", "t"})
         EXPECT_TRUE(typed_answer_found(right, "to go, to walk")) << right;
@@ -99,22 +99,55 @@ TEST(QuizJudging, TypingRulesFoldingScoresAndTimes)
               QStringList({"03:25 ", "1:03:25 ", "12 ", "1:00:05 PM"}));
     EXPECT_EQ(us_date_time(QDateTime(QDate(2007, 3, 14), QTime(14, 14, 7))), "3/14/2007 2:14:07 PM");
     EXPECT_EQ(us_date_time(QDateTime(QDate(2007, 11, 4), QTime(0, 5, 0))), "11/4/2007 12:05:00 AM");
+
+    // On the real clock, six choices drawn in a row differ.
+    ScriptedPrompts prompts;
+    FakeSound sound;
+    QtClock clock;
+    Session s(prompts, sound, clock);
+    create_array_of_words(s, QStringLiteral(QUORVANE_DEMO_DIR "/languages/spanish/master_spanish.txt"));
+    ASSERT_EQ(s.wordCount(), 620);
+    int distinct = 0;
+    for (int question = 0; question < 1000; ++question) {
+        const int index = static_cast<int>(random_index(s, 0, s.wordCount() - 1));
+        const int position = static_cast<int>(random_index(s, 1, 6));
+        const QStringList choices = draw_choices(s, s.translations.at(index), position);
+        EXPECT_EQ(choices.at(position - 1), s.translations.at(index));
+        distinct += QSet<QString>(choices.begin(), choices.end()).size() == 6 ? 1 : 0;
+    }
+    EXPECT_GE(distinct, 950);
 }
 
-TEST(QuizWindow, LoadsItsSetUpAndRefusesWhatCannotStart)
+TEST(QuizWindow, LoadsItsSetUpRefusesWhatCannotStartAndTheResultsWindowSavesAndPrints)
 {
+    // A word of 15 characters is padded to 17, one of 16 is not.
     Program p;
-    p.folder.write("languages/spanish/words.txt", courseEntry(0) + courseEntry(1) + courseEntry(2));
-    p.start("spanish");
-    p.main()->test_me_click();
-    EXPECT_EQ(p.prompts.texts().mid(1), QStringList({"You must first select a list to start the test."}));
-    EXPECT_EQ(testWindow(), nullptr);
+    p.folder.write("languages/spanish/words.txt", QByteArray(15, 'a') + "|x|1\r\n" + QByteArray(16, 'b') + "|y|2\r\n");
+    MainWindow* main = p.start("spanish");
+    main->test_me_click();
+    main->print_list_click();
+    main->show_test_results_click();
+    EXPECT_EQ(p.prompts.texts().mid(1),
+              QStringList({"You must first select a list to start the test.",
+                           "You must first select one of the word/phrase lists.",
+                           "There are no test results yet: they are recorded from the first test taken."}));
+    EXPECT_TRUE(!testWindow() && !resultsWindow());
 
-    select_row(p.main()->lists_list, 0);
-    p.main()->test_me_click();
+    select_row(main->lists_list, 0);
+    main->print_list_click();
+    Session& s = p.session();
+    const QString date = QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat);
+    EXPECT_EQ(s.report_text, "User: kestrin List: " + s.shown_file + "  " + date + "\r\n\r\n" + QString(15, 'a') +
+                                 "  \tx\r\n" + QString(16, 'b') + "\ty\r\n" + QString(17, ' ') + "\t");
+    TestResultsWindow* results = resultsWindow();
+    ASSERT_NE(results, nullptr);
+    EXPECT_TRUE(main->isVisible());
+    results->close();
+
+    main->test_me_click();
     TestWindow* t = testWindow();
     ASSERT_NE(t, nullptr);
-    EXPECT_FALSE(p.main()->isVisible());
+    EXPECT_FALSE(main->isVisible());
     EXPECT_EQ(QStringList({t->language_name->text(), t->list_name->text(), t->user_name->text()}),
               QStringList({"Language: spanish", "List Name: words", "Username: kestrin"}));
     EXPECT_EQ(items(t->list1), QStringList({"All Words on Selected List", "Unkown Words on Selected List"}));
@@ -155,16 +188,52 @@ TEST(QuizWindow, LoadsItsSetUpAndRefusesWhatCannotStart)
     EXPECT_EQ(remaining, QStringList({"3 of -3"}));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(testWindow(), nullptr);
-    EXPECT_TRUE(p.main()->isVisible());
+    EXPECT_TRUE(main->isVisible());
     EXPECT_FALSE(p.folder.exists("test_results.txt"));
 
     // The whole language is offered only where its master file exists.
     p.folder.write("languages/spanish/master_spanish.txt", courseEntry(0));
-    p.main()->test_me_click();
+    main->test_me_click();
     EXPECT_EQ(items(testWindow()->list1).last(), "All words in selected language");
+    testWindow()->close();
+
+    // A student's own record is read line by line, each line ended with CR LF.
+    p.folder.write("users/kestrin_test.txt", "a\tb\nc");
+    EXPECT_EQ(read_student_record("kestrin"), "a\tb\r\nc\r\n");
+
+    const QByteArray record = "kestrin\tspanish\twords\t2\t50%\t00:03 \tMultiple Choice\tText Only\t3/14/2007\r\n";
+    p.folder.write("test_results.txt", record + record);
+    main->show_test_results_click();
+    results = resultsWindow();
+    ASSERT_NE(results, nullptr);
+    EXPECT_EQ(results->TextBox1->toPlainText(), QString::fromLatin1(record + record).replace("\r\n", "\n"));
+
+    // Printing goes through one path whatever the printer; with no default printer it is said.
+    const QString pdf = p.folder.file("results.pdf");
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(pdf);
+    EXPECT_TRUE(results->printTo(printer));
+    QByteArray text;
+    runTool("pdftotext", {"-layout", pdf, "-"}, &text);
+    EXPECT_EQ(text.count("Multiple Choice"), 2) << text.toStdString();
+    if (QPrinterInfo::defaultPrinter().isNull()) {
+        p.prompts.shown.clear();
+        results->print_test_results->click();
+        EXPECT_TRUE(p.prompts.texts().value(0).startsWith("No printer is installed"));
+    }
+
+    // Saving: a path that cannot be written is said and the window stays; a good one closes it.
+    p.prompts.push(QString());
+    p.prompts.push(QString("saved.txt"));
+    results->save_and_exit->click();
+    EXPECT_NE(resultsWindow(), nullptr);
+    results->save_and_exit->click();
+    EXPECT_EQ(resultsWindow(), nullptr);
+    EXPECT_EQ(p.folder.read("saved.txt"), record + record + "\r\n");
 }
 
-TEST(QuizWindow, MultipleChoiceCountsDownJudgesStopsAndContinuesCounting)
+TEST(QuizWindow, ChoicesAndTypedAnswersCountDownAreJudgedStoppedBegunAgainAndWritten)
 {
     Program p;
     openCourse(p);
@@ -203,8 +272,14 @@ TEST(QuizWindow, MultipleChoiceCountsDownJudgesStopsAndContinuesCounting)
     for (const QPushButton* choice : {t->c1, t->c2, t->c3, t->c4, t->c5, t->c6})
         area.append(choice->text());
     EXPECT_EQ(area, QStringList(9, QString()));
-    const QByteArray first = resultLine(t, "kestrin\tspanish\twords\t2\t50%\t00:03 \tMultiple Choice\tText Only");
+    // The result and each question judged are dated by the program's clock; a stopped question is not graded.
+    const QByteArray first =
+        "kestrin\tspanish\twords\t2\t50%\t00:03 \tMultiple Choice\tText Only\t1/5/2026 10:00:00 AM\r\n";
     EXPECT_EQ(p.folder.read("test_results.txt"), first);
+    const QList<QByteArray> graded = p.folder.read("users/kestrin/spanish/reviews.txt").split('\n');
+    EXPECT_EQ(graded.value(0), "2026-01-05T10:00:02\twords\t" + firstWord.toLatin1() + "\t0100" +
+                                   firstWord.mid(7).toLatin1() + "\t1\ttest\r");
+    EXPECT_TRUE(graded.value(1).endsWith("\t3\ttest\r") && graded.size() == 3) << graded.value(1).constData();
 
     // Begun again in the same window, the counters go on: question 3 of 3 is the last.
     QString remaining;
@@ -217,14 +292,10 @@ TEST(QuizWindow, MultipleChoiceCountsDownJudgesStopsAndContinuesCounting)
     EXPECT_EQ(p.folder.read("test_results.txt"),
               first + resultLine(t, "kestrin\tspanish\twords\t3\t67%\t00:00 \tMultiple Choice\tText Only"));
     EXPECT_TRUE(p.sound.played.isEmpty());
-}
 
-TEST(QuizWindow, BeginTestDuringATestBeginsAgainAndAResultsFileThatCannotBeWrittenIsSaid)
-{
-    Program p;
-    openCourse(p);
-    TestWindow* t = openTest(p, &TestWindow::multiple_choice, "2", "1");
-    QString remaining;
+    // In a new window, Begin Test during a test begins again; stopped, the one question asked is written.
+    t->close();
+    t = openTest(p, &TestWindow::multiple_choice, "2", "1");
     p.clock.at(0.3, [&] { t->begin_test->click(); });
     p.clock.at(0.6, [&] {
         remaining = t->remaining->text();
@@ -232,8 +303,8 @@ TEST(QuizWindow, BeginTestDuringATestBeginsAgainAndAResultsFileThatCannotBeWritt
     });
     t->begin_test->click();
     EXPECT_EQ(remaining, "2 of 2");
-    EXPECT_EQ(p.folder.read("test_results.txt"),
-              resultLine(t, "kestrin\tspanish\twords\t1\t0%\t00:00 \tMultiple Choice\tText Only"));
+    EXPECT_TRUE(p.folder.read("test_results.txt")
+                    .endsWith(resultLine(t, "kestrin\tspanish\twords\t1\t0%\t00:00 \tMultiple Choice\tText Only")));
 
     // Begun again, the last question is answered but its result cannot be added: that is said and
     // the window stays usable.
@@ -244,22 +315,19 @@ TEST(QuizWindow, BeginTestDuringATestBeginsAgainAndAResultsFileThatCannotBeWritt
     t->begin_test->click();
     EXPECT_TRUE(p.prompts.texts().value(0).startsWith("The test result could not be added to "));
     EXPECT_TRUE(t->isVisible() && t->begin_test->isEnabled());
-}
 
-TEST(QuizWindow, TypedAnswersAreJudgedOnEnterOrAsTheyStandAtTheEnd)
-{
-    Program p;
-    openCourse(p);
-    TestWindow* t = openTest(p, &TestWindow::fill_in_blank, "3", "1");
-    QString feedback;
+    // Typed answers are judged on Enter, or as they stand when the time runs out.
+    t->close();
+    QDir(p.folder.file("test_results.txt")).removeRecursively();
+    t = openTest(p, &TestWindow::fill_in_blank, "3", "1");
+    p.prompts.shown.clear();
+    QString typedFeedback;
     p.clock.at(0.2, [&] { typeAnswer(t, shownTranslation(t), true); });
     p.clock.at(0.5, [&] { typeAnswer(t, "wor", false); });
-    p.clock.at(2.2, [&] { feedback = t->previous_word->text(); });
+    p.clock.at(2.2, [&] { typedFeedback = t->previous_word->text(); });
     t->begin_test->click();
-
-    // After the name box, one right answer.
-    EXPECT_TRUE(p.prompts.texts().mid(1).join('|').contains(QRegularExpression("^(word\\d) found in \\1$")));
-    EXPECT_TRUE(feedback.endsWith("\rnot wor")) << feedback.toStdString();
+    EXPECT_TRUE(p.prompts.texts().join('|').contains(QRegularExpression("^(word\\d) found in \\1$")));
+    EXPECT_TRUE(typedFeedback.endsWith("\rnot wor")) << typedFeedback.toStdString();
     EXPECT_TRUE(t->previous_word->text().endsWith("\rnot ")) << t->previous_word->text().toStdString();
     EXPECT_EQ(p.folder.read("test_results.txt"),
               resultLine(t, "kestrin\tspanish\twords\t3\t33%\t00:03 \tFill In Blank\tText Only"));
@@ -303,83 +371,4 @@ TEST(QuizWindow, SpellingIsBySoundFoldsOnlyTheExpectedWordAndAMissingRecordingCa
     EXPECT_TRUE(p.folder.read("test_results.txt")
                     .endsWith("\tcolours\t0\t0%\t00:00 \tFill In Blank\tSound Only\t" +
                               us_date_time(t->state().start_time).toLatin1() + "\r\n"));
-}
-
-TEST(QuizResults, MainWindowButtonsFillTheResultsWindowWhichSavesAndPrints)
-{
-    // A word of 15 characters is padded to 17, one of 16 is not.
-    Program p;
-    p.folder.write("languages/spanish/words.txt", QByteArray(15, 'a') + "|x|1\r\n" + QByteArray(16, 'b') + "|y|2\r\n");
-    MainWindow* main = p.start("spanish");
-    main->print_list_click();
-    main->show_test_results_click();
-    EXPECT_EQ(p.prompts.texts().mid(1),
-              QStringList({"You must first select one of the word/phrase lists.",
-                           "There are no test results yet: they are recorded from the first test taken."}));
-    EXPECT_EQ(resultsWindow(), nullptr);
-
-    select_row(main->lists_list, 0);
-    main->print_list_click();
-    Session& s = p.session();
-    const QString date = QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat);
-    EXPECT_EQ(s.report_text, "User: kestrin List: " + s.shown_file + "  " + date + "\r\n\r\n" + QString(15, 'a') +
-                                 "  \tx\r\n" + QString(16, 'b') + "\ty\r\n" + QString(17, ' ') + "\t");
-    TestResultsWindow* results = resultsWindow();
-    ASSERT_NE(results, nullptr);
-    EXPECT_TRUE(main->isVisible());
-    results->close();
-
-    // A student's own record is read line by line, each line ended with CR LF.
-    p.folder.write("users/kestrin_test.txt", "a\tb\nc");
-    EXPECT_EQ(read_student_record("kestrin"), "a\tb\r\nc\r\n");
-
-    const QByteArray record = "kestrin\tspanish\twords\t2\t50%\t00:03 \tMultiple Choice\tText Only\t3/14/2007\r\n";
-    p.folder.write("test_results.txt", record + record);
-    main->show_test_results_click();
-    results = resultsWindow();
-    ASSERT_NE(results, nullptr);
-    EXPECT_EQ(results->TextBox1->toPlainText(), QString::fromLatin1(record + record).replace("\r\n", "\n"));
-
-    // Printing goes through one path whatever the printer; with no default printer it is said.
-    const QString pdf = p.folder.file("results.pdf");
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(pdf);
-    EXPECT_TRUE(results->printTo(printer));
-    QByteArray text;
-    runTool("pdftotext", {"-layout", pdf, "-"}, &text);
-    EXPECT_EQ(text.count("Multiple Choice"), 2) << text.toStdString();
-    if (QPrinterInfo::defaultPrinter().isNull()) {
-        p.prompts.shown.clear();
-        results->print_test_results->click();
-        EXPECT_TRUE(p.prompts.texts().value(0).startsWith("No printer is installed"));
-    }
-
-    // Saving: a path that cannot be written is said and the window stays; a good one closes it.
-    p.prompts.push(QString());
-    p.prompts.push(QString("saved.txt"));
-    results->save_and_exit->click();
-    EXPECT_NE(resultsWindow(), nullptr);
-    results->save_and_exit->click();
-    EXPECT_EQ(resultsWindow(), nullptr);
-    EXPECT_EQ(p.folder.read("saved.txt"), record + record + "\r\n");
-}
-
-TEST(QuizResults, OnTheRealClockSixChoicesDrawnInARowDiffer)
-{
-    ScriptedPrompts prompts;
-    FakeSound sound;
-    QtClock clock;
-    Session s(prompts, sound, clock);
-    create_array_of_words(s, QStringLiteral(QUORVANE_DEMO_DIR "/languages/spanish/master_spanish.txt"));
-    ASSERT_EQ(s.wordCount(), 620);
-    int distinct = 0;
-    for (int question = 0; question < 1000; ++question) {
-        const int index = static_cast<int>(random_index(s, 0, s.wordCount() - 1));
-        const int position = static_cast<int>(random_index(s, 1, 6));
-        const QStringList choices = draw_choices(s, s.translations.at(index), position);
-        EXPECT_EQ(choices.at(position - 1), s.translations.at(index));
-        distinct += QSet<QString>(choices.begin(), choices.end()).size() == 6 ? 1 : 0;
-    }
-    EXPECT_GE(distinct, 950);
 }

@@ -1,5 +1,4 @@
 #include "flash/ui/flash_window.h"
-#include "quiz/ui/test_window.h"
 #include "review/progress.h"
 #include "review/review_log.h"
 #include "review/scheduler.h"
@@ -46,7 +45,7 @@ QByteArray logLine(const char* when, const char* word, const char* number, int g
 
 } // namespace
 
-TEST(ReviewScheduler, FirstReviewsAKnownSequenceAndItsBoundaries)
+TEST_F(CoreTest, ReviewSchedulerLogQueueSettingsAndScores)
 {
     // A first review: stability w0..w3, difficulty w4 - e^(w5 (G - 1)) + 1, interval at 0.9.
     const double stability[] = {0.40255, 1.18385, 3.173, 15.69105};
@@ -98,10 +97,7 @@ TEST(ReviewScheduler, FirstReviewsAKnownSequenceAndItsBoundaries)
     EXPECT_EQ(review::due_day(third, 0.9), 5);
     // A line dated before the latest review counts as the same day.
     EXPECT_NEAR(reviewed({{3, 5}, {1, 4}}).stability, twice.stability, 1e-9);
-}
-
-TEST_F(CoreTest, ReviewLogIsAppendedAsBytesReplayedIncrementallyAndSkipsDamagedLines)
-{
+    // The log: appended as bytes, replayed as it grows, damaged lines counted and skipped.
     session.user_folder = folder.path() + "/users/kestrin/";
     session.current_language = "spanish";
     session.current_list = "words";
@@ -109,8 +105,6 @@ TEST_F(CoreTest, ReviewLogIsAppendedAsBytesReplayedIncrementallyAndSkipsDamagedL
     session.words = {nino, "gato", ""};
     session.sound_numbers = {"01000", "01001", ""};
     session.translations = {"boy", "cat", ""};
-    const QString path = review::review_log_path(session);
-    EXPECT_EQ(path, folder.path() + "/users/kestrin/spanish/reviews.txt");
 
     review::log_grade(session, 0, review::good, review::kSourceTest);
     clock.jump(86400 + 61);
@@ -149,24 +143,21 @@ TEST_F(CoreTest, ReviewLogIsAppendedAsBytesReplayedIncrementallyAndSkipsDamagedL
     session.user_folder.clear();
     review::log_grade(session, 0, review::good, review::kSourceTest);
     EXPECT_FALSE(folder.exists("spanish/reviews.txt"));
-}
 
-TEST_F(CoreTest, ReviewQueueSettingsAndScores)
-{
     // Entries 0..4: due two days ago, never reviewed, due today, not due, never reviewed.
-    review::ReviewBook book;
+    review::ReviewBook queued;
     const int today = int(QDate(2026, 1, 10).toJulianDay());
-    book.add(u"2026-01-07T10:00:00\tw\ta\t1\t1\ttest"); // due the 8th
-    book.add(u"2026-01-07T10:00:00\tw\tc\t3\t3\ttest"); // due the 10th
-    book.add(u"2026-01-09T10:00:00\tw\td\t4\t3\ttest"); // due the 12th
+    queued.add(u"2026-01-07T10:00:00\tw\ta\t1\t1\ttest"); // due the 8th
+    queued.add(u"2026-01-07T10:00:00\tw\tc\t3\t3\ttest"); // due the 10th
+    queued.add(u"2026-01-09T10:00:00\tw\td\t4\t3\ttest"); // due the 12th
     WordArrays entries{{"a", "b", "c", "d", "e", ""}, {"", "", "", "", "", ""}, {"1", "2", "3", "4", "5", ""}};
-    EXPECT_EQ(review::review_queue(book, entries, today, 0.9, 20), QList<int>({0, 2, 1, 4}));
-    EXPECT_EQ(review::review_queue(book, entries, today, 0.9, 1), QList<int>({0, 2, 1}));
-    EXPECT_EQ(review::due_count(book, entries, today, 0.9), 2);
+    EXPECT_EQ(review::review_queue(queued, entries, today, 0.9, 20), QList<int>({0, 2, 1, 4}));
+    EXPECT_EQ(review::review_queue(queued, entries, today, 0.9, 1), QList<int>({0, 2, 1}));
+    EXPECT_EQ(review::due_count(queued, entries, today, 0.9), 2);
     // Words first reviewed today count against the day's new words.
-    book.add(u"2026-01-10T08:00:00\tw\tb\t2\t3\tcard");
-    EXPECT_EQ(review::review_queue(book, entries, today, 0.9, 2), QList<int>({0, 2, 4}));
-    EXPECT_EQ(review::review_queue(book, entries, today, 0.9, 1), QList<int>({0, 2}));
+    queued.add(u"2026-01-10T08:00:00\tw\tb\t2\t3\tcard");
+    EXPECT_EQ(review::review_queue(queued, entries, today, 0.9, 2), QList<int>({0, 2, 4}));
+    EXPECT_EQ(review::review_queue(queued, entries, today, 0.9, 1), QList<int>({0, 2}));
 
     // The settings box: a bad value is said and changes nothing; Cancel changes nothing.
     EXPECT_EQ(review::parse_retention("0,85"), 0.85);
@@ -197,15 +188,6 @@ TEST_F(CoreTest, ReviewQueueSettingsAndScores)
 
 namespace {
 
-// Clicks the choice with this caption, if there is one.
-void choose(TestWindow* t, const QString& caption)
-{
-    for (QPushButton* choice : {t->c1, t->c2, t->c3, t->c4, t->c5, t->c6}) {
-        if (choice->text() == caption)
-            return choice->click();
-    }
-}
-
 FlashWindow* cards()
 {
     return qobject_cast<FlashWindow*>(window("qvplay"));
@@ -232,46 +214,14 @@ QStringList reviewRun(Program& p, const std::function<void(FlashWindow*)>& what)
 
 } // namespace
 
-TEST(ReviewWindow, AMissedWordComesBackTheNextDayAndTheCardsGradeIt)
+TEST(ReviewWindow, AMissedWordComesBackTheNextDayTheCardsGradeItAndAMoveIsLogged)
 {
     Program p;
     openCourse(p, 2);
     MainWindow* m = p.main();
-    EXPECT_EQ(m->due_lbl->text(), "0 words due today");
-
-    // Eight questions: palabra0 is always answered right, palabra1 left to run out.
-    m->test_me_click();
-    const QPointer<TestWindow> t = qobject_cast<TestWindow*>(window("test"));
-    ASSERT_NE(t, nullptr);
-    t->multiple_choice->click();
-    t->num_qs->setText("8");
-    t->num_secs->setText("1");
-    QString answered;
-    std::function<void()> answer = [&] {
-        if (!t)
-            return;
-        if (t->test_word->text() == "palabra0" && t->remaining->text() != answered) {
-            answered = t->remaining->text();
-            choose(t, "word0");
-        }
-        if (!t->remaining->text().isEmpty())
-            p.clock.at(0.05, answer);
-    };
-    p.clock.at(0.05, answer);
-    t->begin_test->click();
-    const QList<QByteArray> lines = p.folder.read("users/kestrin/spanish/reviews.txt").split('\n');
-    ASSERT_EQ(lines.size(), 9);
-    QSet<QByteArray> graded;
-    for (const QByteArray& line : lines.mid(0, 8)) {
-        EXPECT_TRUE(line.startsWith("2026-01-05T10:00:")) << line.constData();
-        graded.insert(line.mid(line.indexOf('\t')));
-    }
-    EXPECT_EQ(graded, QSet<QByteArray>({"\twords\tpalabra0\t01000\t3\ttest\r", "\twords\tpalabra1\t01001\t1\ttest\r"}));
-    // The results line is dated by the same clock.
-    EXPECT_TRUE(p.folder.read("test_results.txt").endsWith("\t1/5/2026 10:00:00 AM\r\n"));
-    t->close();
-    EXPECT_EQ(m->due_lbl->text(), "0 words due today");
-
+    p.folder.write("users/kestrin/spanish/reviews.txt",
+                   logLine("2026-01-05T10:00:01", "palabra0", "01000", 3, "test") +
+                       logLine("2026-01-05T10:00:02", "palabra1", "01001", 1, "test"));
     // The next day only the missed word is due; "Again" logs it and the run ends with it.
     p.clock.jump(86400);
     m->update_due_label();
@@ -305,7 +255,7 @@ TEST(ReviewWindow, AMissedWordComesBackTheNextDayAndTheCardsGradeIt)
     EXPECT_EQ(reviewRun(p, [](FlashWindow* f) { f->next_word->click(); }).size(), 2);
     EXPECT_EQ(p.folder.read("users/kestrin/spanish/reviews.txt").size(), third);
 
-    // The ordinary cards have no grading buttons, and with nothing due Review Due Words says so.
+    // The ordinary cards have no grading buttons.
     bool ordinaryGrading = true;
     p.clock.at(0.5, [&] {
         ordinaryGrading = cards()->again->isVisible();
@@ -313,26 +263,19 @@ TEST(ReviewWindow, AMissedWordComesBackTheNextDayAndTheCardsGradeIt)
     });
     m->flash_cards->click();
     EXPECT_FALSE(ordinaryGrading);
+
+    // Both are due now: a double-click move is logged and the due count follows; with nothing due Review Due
+    // Words says so.
+    EXPECT_EQ(m->due_lbl->text(), "2 words due today");
+    select_row(m->words_list, 1);
+    m->words_list_dblclick();
+    EXPECT_EQ(m->due_lbl->text(), "1 words due today");
+    const QByteArray moved = p.folder.read("users/kestrin/spanish/reviews.txt").mid(third);
+    EXPECT_TRUE(moved.endsWith("\twords\tpalabra1\t01001\t4\tmove\r\n") && moved.count('\n') == 1) << moved.constData();
     p.folder.write("users/kestrin/spanish/words-u.txt", "");
     select_row(m->lists_list, 0);
     m->review_due->click();
     EXPECT_EQ(p.prompts.texts().last(), "No words of this list are due for review today.");
-}
-
-TEST(ReviewWindow, ADoubleClickMoveIsLoggedAndTheDueCountFollows)
-{
-    Program p;
-    openCourse(p, 3);
-    p.folder.write("users/kestrin/spanish/reviews.txt",
-                   logLine("2026-01-01T09:00:00", "palabra1", "01001", 1, "test") +
-                       logLine("2026-01-01T09:00:00", "palabra2", "01002", 1, "test"));
-    select_row(p.main()->lists_list, 0);
-    EXPECT_EQ(p.main()->due_lbl->text(), "2 words due today");
-    select_row(p.main()->words_list, 1);
-    p.main()->words_list_dblclick();
-    EXPECT_EQ(p.main()->due_lbl->text(), "1 words due today");
-    const QByteArray log = p.folder.read("users/kestrin/spanish/reviews.txt");
-    EXPECT_TRUE(log.endsWith("\twords\tpalabra1\t01001\t4\tmove\r\n") && log.count('\n') == 3) << log.constData();
 }
 
 TEST(ProgressWindow, DrawsScoresMovesAndMissesAndSavesAPictureThroughRealBoxes)

@@ -55,12 +55,12 @@ QByteArray decodeMp3(const QByteArray& mp3, QString* description)
 
 } // namespace
 
-TEST(Speech, EncodedMp3IsTheCourseFormatAndKeepsTheSoundsLength)
+TEST(Speech, EspeakWithTheTablesVoicesItsCacheAndEncodedMp3InTheCourseFormatOfTheSameLength)
 {
     // 22050 Hz as it is, 16000 Hz resampled: both come out 32 kbit/s mono 22050 Hz, as long as they went in
     // (plus the encoder's delay and padding, under two frames).
+    QString error;
     for (const int rate : {22050, 16000}) {
-        QString error;
         const std::optional<QByteArray> mp3 = encodeMp3(tone(1.5, rate), rate, &error);
         ASSERT_TRUE(mp3) << error.toStdString();
         EXPECT_NE(mp3->left(3), "ID3");
@@ -74,18 +74,14 @@ TEST(Speech, EncodedMp3IsTheCourseFormatAndKeepsTheSoundsLength)
         EXPECT_GT(peak(decoded), 4000);
     }
 
-    QString error;
     EXPECT_FALSE(encodeMp3(QByteArray(3, '\0'), 22050, &error));
     EXPECT_EQ(error, "the sound data ends in half a sample");
     EXPECT_FALSE(encodeMp3(tone(0.1, 22050), 0, &error));
     EXPECT_EQ(error, "the sample rate 0 Hz is not valid");
-}
 
-TEST(Speech, EspeakSpeaksWordsAndMarkupAsPlainTextWithTheTablesVoices)
-{
+    // eSpeak NG speaks words, and markup as plain text, with the table's voices.
     EspeakSpeech espeak;
     for (const auto& [voice, text] : {std::pair{"es", "mariposa"}, {"en", "butterfly"}, {"en", "<b>"}}) {
-        QString error;
         const std::optional<QByteArray> pcm = espeak.synthesize(voice, text, &error);
         ASSERT_TRUE(pcm) << error.toStdString();
         const double seconds = pcm->size() / (2.0 * 22050);
@@ -99,14 +95,11 @@ TEST(Speech, EspeakSpeaksWordsAndMarkupAsPlainTextWithTheTablesVoices)
     for (const char* language : {"spanish", "english", "french", "german", "mandarin", "japanese", "russian", "welsh"})
         EXPECT_TRUE(espeak.hasVoice(table_voice(language))) << language;
     EXPECT_FALSE(espeak.hasVoice("no-such-voice"));
-    QString error;
     EXPECT_FALSE(espeak.synthesize("no-such-voice", "hola", &error));
     EXPECT_EQ(error, "eSpeak NG has no voice \"no-such-voice\"");
     EXPECT_TRUE(espeak.synthesize("es", "hola", nullptr)) << "a refused voice leaves the others usable";
-}
 
-TEST(Speech, TheCacheSpeaksEachTextOnceAndForgetsTheLeastRecentlyUsedBeyondItsBound)
-{
+    // The cache speaks each text once and forgets the least recently used beyond its bound.
     FakeSpeech fake;
     fake.voices = {"es"};
     const qint64 one = fake.synthesize("es", "x", nullptr)->size();
@@ -122,24 +115,12 @@ TEST(Speech, TheCacheSpeaksEachTextOnceAndForgetsTheLeastRecentlyUsedBeyondItsBo
     EXPECT_EQ(fake.spoken.size(), 7) << "failures are not remembered";
 }
 
-namespace {
-
-class SpokenWords : public CoreTest
+TEST_F(CoreTest, AWordWithoutARecordingIsSpokenOrCapturedAndFailuresAreToldOnce)
 {
-protected:
-    SpokenWords()
-    {
-        speech.voices = {"es"};
-        session.attachSpeech(&speech);
-        folder.write("languages/spanish/01/01000.mp3", "ID3");
-    }
     FakeSpeech speech;
-};
-
-} // namespace
-
-TEST_F(SpokenWords, AWordWithoutARecordingIsSpokenAndSaysSoAndFailuresAreToldOnce)
-{
+    speech.voices = {"es"};
+    session.attachSpeech(&speech);
+    folder.write("languages/spanish/01/01000.mp3", "ID3");
     say_word(session, "01000", "spanish", "grabado");
     session.missing_sound_count = 8; // the small card stops after eight silent words in a row
     say_word(session, "01408", "spanish", "mariposa");
@@ -155,6 +136,17 @@ TEST_F(SpokenWords, AWordWithoutARecordingIsSpokenAndSaysSoAndFailuresAreToldOnc
     say_word(session, "01410", "elvish", "gato");
     EXPECT_EQ(sound.played.size(), 2);
     EXPECT_EQ(view.captions.mid(2), QStringList({"File # 01409", "File # 01410"}));
+
+    // An MP3 capture takes the spoken word as an MP3 piece.
+    session.mp3_words_left = 1;
+    session.silence_count = 1;
+    folder.write("silence.mp3", "S");
+    say_word(session, "01408", "spanish", "mariposa");
+    EXPECT_EQ(sound.played.size(), 2);
+    QFile capture(mp3_capture_file());
+    ASSERT_TRUE(capture.open(QIODevice::ReadOnly));
+    EXPECT_EQ(capture.readAll(),
+              *encodeMp3(*speech.synthesize("es", "mariposa", nullptr), 22050, nullptr) + "\r\nS\r\n");
 
     // A voice that is missing or fails is told once per session; the words stay silent.
     // The voice file wins over the table (blanks trimmed).
@@ -172,27 +164,26 @@ TEST_F(SpokenWords, AWordWithoutARecordingIsSpokenAndSaysSoAndFailuresAreToldOnc
     EXPECT_TRUE(prompts.texts().last().contains("spanish without a recording cannot be spoken: broken."));
 }
 
-TEST_F(SpokenWords, AnMp3CaptureTakesTheSpokenWordAsAnMp3Piece)
-{
-    session.mp3_words_left = 1;
-    session.silence_count = 1;
-    folder.write("silence.mp3", "S");
-    say_word(session, "01408", "spanish", "mariposa");
-    EXPECT_TRUE(sound.played.isEmpty());
-    QFile capture(mp3_capture_file());
-    ASSERT_TRUE(capture.open(QIODevice::ReadOnly));
-    const QByteArray captured = capture.readAll();
-    const QByteArray spoken = *encodeMp3(*speech.synthesize("es", "mariposa", nullptr), 22050, nullptr);
-    EXPECT_EQ(captured, spoken + "\r\nS\r\n");
-}
-
-TEST(SpokenWordsWindows, TheCardsInterlaceASpokenTranslationAndTheTestAsksASpokenWord)
+TEST(SpokenWordsWindows, CompiledFilesAndCardsSpeakWhatIsNotRecordedTheTestAsksItAndTheMenuItemIsRemembered)
 {
     Program p;
     p.speech.voices = {"en", "es"};
     p.speaker = &p.speech;
     openCourse(p, 2, false);
     Session& s = p.session();
+    p.prompts.answers = {true, QString("2"), QString("0")};
+    (new FlashWindow(s, p.main()))->auto_mp3_click();
+    ASSERT_EQ(p.prompts.texts().last(), "1 files have been completed.");
+    // Twice the translation and the word of two words, half a second each: ffmpeg hears four seconds,
+    // give or take the encoder's padding and the frame it drops after each line end.
+    QString description;
+    const QByteArray samples = decodeMp3(p.folder.read("100words1.mp3"), &description);
+    const double seconds = samples.size() / (2 * 22050.0);
+    EXPECT_GE(seconds, 4.0 - 8 * 576 / 22050.0);
+    EXPECT_LE(seconds, 4.0 + 8 * 2 * 1152 / 22050.0);
+    EXPECT_GT(peak(samples), 4000);
+
+    // The cards interlace a spoken translation with the recorded word.
     p.folder.write("languages/" + spanishPath(0), "W0");
     p.folder.write("languages/" + spanishPath(1), "W1");
     s.say_mode = "interlace";
@@ -220,31 +211,7 @@ TEST(SpokenWordsWindows, TheCardsInterlaceASpokenTranslationAndTheTestAsksASpoke
     t->begin_test->click();
     EXPECT_EQ(p.sound.played, QStringList({"speech:es:rojo"}));
     EXPECT_EQ(boxes(p.prompts).filter("okCancel"), QStringList());
-}
-
-TEST(SpokenWordsWindows, CompiledMp3FilesHoldTheSpokenWordsAndTheMenuItemIsRemembered)
-{
-    Program p;
-    p.speech.voices = {"en", "es"};
-    p.speaker = &p.speech;
-    p.folder.write("languages/spanish/words.txt", "mariposa|butterfly|01408\r\n");
-    p.folder.write("languages/spanish/trans_spanish.dat", "english\r\n");
-    p.folder.write("languages/spanish/trans_index_spanish_english.dat", "01408|00408\r\n");
-    p.folder.mkdir("languages/english");
-    p.start("spanish");
-    select_row(p.main()->lists_list, 0);
-    for (const QVariant& answer : {QVariant(true), QVariant("2"), QVariant("0")})
-        p.prompts.push(answer);
-    (new FlashWindow(p.session(), p.main()))->auto_mp3_click();
-    ASSERT_EQ(p.prompts.texts().last(), "1 files have been completed.");
-    // Twice the translation and the word, half a second each: ffmpeg hears two seconds, give or take the
-    // encoder's padding and the frame it drops after each line end.
-    QString description;
-    const QByteArray samples = decodeMp3(p.folder.read("100words1.mp3"), &description);
-    const double seconds = samples.size() / (2 * 22050.0);
-    EXPECT_GE(seconds, 2.0 - 4 * 576 / 22050.0);
-    EXPECT_LE(seconds, 2.0 + 4 * 2 * 1152 / 22050.0);
-    EXPECT_GT(peak(samples), 4000);
+    t->close();
 
     // Switched off, the choice outlives the window; back on for the next run.
     QAction* item = p.main()->speak_missing_words;
