@@ -1,6 +1,5 @@
 #include "app/selection.h"
 
-#include "core/prompts.h"
 #include "core/session.h"
 #include "store/paths.h"
 #include "store/text_files.h"
@@ -59,7 +58,7 @@ QStringList known_lists_of(const Session& session)
                           paths::kKnownSuffix);
 }
 
-bool choose_list(Session& session, const QString& list, bool known)
+bool choose_list(Session& session, const QString& list, bool known, QString* told)
 {
     const ListFiles files = list_files_of(session, list);
     const QString shown = known ? files.known_file : files.unknown_file;
@@ -82,8 +81,8 @@ bool choose_list(Session& session, const QString& list, bool known)
                 error = texts::fileNotRead(shown, error);
         }
     }
-    if (!error.isEmpty())
-        session.prompts.message(error);
+    if (told)
+        *told = error;
 
     session.current_list = list;
     session.list_file = files.list_file;

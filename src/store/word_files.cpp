@@ -1,7 +1,6 @@
 #include "store/word_files.h"
 
 #include "core/basic.h"
-#include "core/prompts.h"
 #include "core/session.h"
 #include "core/table_limit.h"
 #include "store/paths.h"
@@ -229,15 +228,13 @@ bool make_unknowns_file(const ListFiles& files, QString* error)
     return false;
 }
 
-void generate_unknowns_file(Session& session)
+bool generate_unknowns_file(Session& session, QString* error)
 {
     const ListFiles files = list_files_of(session, session.current_list);
     session.list_file = files.list_file;
     session.known_file = files.known_file;
     session.unknown_file = files.unknown_file;
-    QString error;
-    if (!make_unknowns_file(files, &error))
-        session.prompts.message(error);
+    return make_unknowns_file(files, error);
 }
 
 std::optional<WordArrays> read_word_file(const QString& path, QString* error, const WordArrays& previous)
@@ -248,13 +245,13 @@ std::optional<WordArrays> read_word_file(const QString& path, QString* error, co
     return parseWordArrays(*bytes, path, previous);
 }
 
-bool create_array_of_words(Session& session, const QString& path)
+bool create_array_of_words(Session& session, const QString& path, QString* error)
 {
-    QString error;
+    QString cause;
     std::optional<WordArrays> arrays =
-        read_word_file(path, &error, WordArrays{session.words, session.translations, session.sound_numbers});
-    if (!arrays)
-        session.prompts.message(texts::fileNotRead(path, error));
+        read_word_file(path, &cause, WordArrays{session.words, session.translations, session.sound_numbers});
+    if (!arrays && error)
+        *error = texts::fileNotRead(path, cause);
     WordArrays read = arrays ? std::move(*arrays) : WordArrays();
     session.words = std::move(read.words);
     session.translations = std::move(read.translations);

@@ -1,6 +1,7 @@
 #include "flash/ui/flash_card_window.h"
 
 #include "core/flags.h"
+#include "core/prompts.h"
 #include "core/session.h"
 #include "flash/card_settings.h"
 #include "flash/media_keys.h"
@@ -167,7 +168,11 @@ void FlashCardWindow::playwords()
     // from a nested wait): the loop watches it, and nothing of this object is touched afterwards.
     Session& session = m_session;
     const CardStyle style = m_style;
-    runHandler(session.prompts, [&session, style, this] { play_cards(session, *this, this, style); });
+    runHandler(session.prompts, [&session, style, this] {
+        QString error;
+        if (!play_cards(session, *this, this, style, &error))
+            session.prompts.message(error);
+    });
 }
 
 void FlashCardWindow::replay()
@@ -209,7 +214,9 @@ void FlashCardWindow::speak_both_click()
 void FlashCardWindow::i_know_this_word_click()
 {
     guarded([this] {
-        move_to_known(m_session, m_session.current_index);
+        QString error;
+        if (!move_to_known(m_session, m_session.current_index, &error) && !error.isEmpty())
+            m_session.prompts.message(error);
         m_session.mainView().refresh_known_list();
         m_session.skip_flag = kYes;
     });
