@@ -14,7 +14,7 @@
 using namespace quorvane;
 using namespace quorvane::test;
 
-TEST(ToldFailures, ASoundNumberThatNamesNoTranslationEndsTheCardsAndTheCompilationWithItsName)
+TEST(ToldFailures, ABadSoundNumberEndsTheCardsAndTheCompilationAndAnUnreadablePairingIsNamed)
 {
     Program p;
     openCourse(p, 2);
@@ -28,6 +28,16 @@ TEST(ToldFailures, ASoundNumberThatNamesNoTranslationEndsTheCardsAndTheCompilati
     Program::press("qvplay", "auto_mp3");
     const QString told = "The sound number \"x1436\" names no recording: sound numbers run from 0 to 99999.";
     EXPECT_EQ(p.prompts.texts(), QStringList({told, told}));
+    Program::press("qvplay", "exit_btn");
+
+    // A pairing file that cannot be read is named as its language is chosen.
+    QFile::remove(p.folder.file("languages/spanish/trans_index_spanish_english.dat"));
+    p.folder.mkdir("languages/spanish/trans_index_spanish_english.dat");
+    p.prompts.shown.clear();
+    Program::choose(p.main()->lang_list, "spanish");
+    ASSERT_EQ(p.prompts.texts().size(), 1);
+    EXPECT_TRUE(p.prompts.texts()[0].contains("trans_index_spanish_english.dat could not be read ("))
+        << p.prompts.texts()[0].toStdString();
 }
 
 TEST(ToldFailures, AListFileGoneFromUnderTheRecordWindowIsToldInARealBoxAndTheListsStay)

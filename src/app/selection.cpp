@@ -20,11 +20,17 @@ LanguageLists choose_language(Session& session, const QString& language)
     const bool paired = QFileInfo::exists(transFile);
     QString target;
     QString indexFile;
+    // A pairing that cannot be read is said; the language is chosen all the same, without it.
+    QString error;
+    QString cause;
     if (paired) {
-        target = readFirstLine(transFile);
+        const std::optional<QStringList> lines = readTextLines(transFile, &cause);
+        if (!lines)
+            error = texts::fileNotRead(transFile, cause);
+        target = lines ? lines->value(0) : QString();
         indexFile = paths::transIndexFile(languages, language, target);
-        if (QFileInfo::exists(indexFile))
-            load_trans_index(indexFile, session.target_sound_numbers);
+        if (lines && QFileInfo::exists(indexFile))
+            load_trans_index(indexFile, session.target_sound_numbers, &error);
     }
 
     session.shown_file.clear();
@@ -38,6 +44,7 @@ LanguageLists choose_language(Session& session, const QString& language)
     removeStrayRewrites(studentFolder);
     removeStrayRewrites(paths::languageFolder(languages, language));
     LanguageLists result;
+    result.error = error;
     result.lists = scan_and_sweep(paths::languageFolder(languages, language), paths::kListSuffix);
     result.lists.removeAll(paths::masterName(language));
     result.known_lists = known_lists_of(session);

@@ -11,6 +11,7 @@ struct LanguageLists
 {
     QStringList lists;       // the word lists of the language, master left out
     QStringList known_lists; // the student's known lists of the language
+    QString error;           // a pairing file that could not be read, to be told ("" when all was read)
 };
 
 // Chooses a language: current_language, master_file and trans_file follow it, the student's

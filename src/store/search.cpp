@@ -272,8 +272,8 @@ std::optional<int> pair_recordings(Session& session, QString* error)
         return std::nullopt;
     }
     const auto pairs = create_trans_index(session, error);
-    if (pairs)
-        load_trans_index(session.trans_index_file, session.target_sound_numbers);
+    if (pairs && !load_trans_index(session.trans_index_file, session.target_sound_numbers, error))
+        return std::nullopt;
     return pairs;
 }
 

@@ -283,14 +283,14 @@ int pairingSlot(const char* from, const char* to)
 
 } // namespace
 
-void load_trans_index(const QString& path, QStringList& table)
+bool load_trans_index(const QString& path, QStringList& table, QString* error)
 {
     // The file is read a line at a time into a copy of the table (its slots, not their texts), so a
     // pairing file of any length takes no more memory than the table, and the table is untouched
     // when a line is refused.
     QStringList paired = table;
     int lineNumber = 0;
-    const bool read = forEachLine(path, [&](const QByteArray& line) {
+    const auto take = [&](const QByteArray& line) {
         ++lineNumber;
         const char* const begin = line.constData();
         const char* const end = begin + line.size();
@@ -300,9 +300,15 @@ void load_trans_index(const QString& path, QStringList& table)
             throw TableLimitError(texts::badPairingLine(path, lineNumber, kMaxSoundNumber));
         const char* const second = std::find(bar + 1, end, '|');
         paired[slot] = decodeWindows1252(QByteArray::fromRawData(bar + 1, second - bar - 1));
-    });
-    if (read)
-        table = std::move(paired);
+    };
+    QString cause;
+    if (!forEachLine(path, take, &cause)) {
+        if (error)
+            *error = texts::fileNotRead(path, cause);
+        return false;
+    }
+    table = std::move(paired);
+    return true;
 }
 
 std::optional<QString> translation_sound_number(const Session& session, const QString& soundNumber)

@@ -64,8 +64,9 @@ bool create_array_of_words(Session& session, const QString& path, QString* error
 
 // Reads a pairing file into the table, line by line: the second field goes to the slot named
 // by the first. Slots the file does not name keep their text. Throws TableLimitError, with the
-// table untouched, for a line that names no slot or has no second field.
-void load_trans_index(const QString& path, QStringList& table);
+// table untouched, for a line that names no slot or has no second field. A file that cannot be read
+// leaves the table untouched and gives false, with error naming it and the cause.
+bool load_trans_index(const QString& path, QStringList& table, QString* error = nullptr);
 
 // The translation language's sound number paired with a sound number of the current language
 // ("" where the table holds none); nothing for a sound number that names no slot of the table.

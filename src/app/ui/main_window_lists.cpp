@@ -111,6 +111,8 @@ void MainWindow::lang_list_click()
         Label9->setVisible(true);
         lists_list->addItems(lists.lists);
         known_lists->addItems(lists.known_lists);
+        if (!lists.error.isEmpty())
+            m_session->prompts.message(lists.error);
         // The search boxes just shown are typed into next: their master is made ready meanwhile.
         if (QFileInfo::exists(m_session->master_file))
             m_masterCache.prepareAhead(m_session->master_file);
