@@ -5,7 +5,6 @@
 #include "store/new_language.h"
 #include "test_support.h"
 
-#include <QDirIterator>
 #include <QMap>
 
 #include <gtest/gtest.h>
@@ -45,7 +44,7 @@ struct Editing : quorvane::test::CoreTest
 
 } // namespace
 
-TEST_F(Editing, AdditionsTakeNumbersFrom70000AndLandAtTheEndOfListMasterAndUnknown)
+TEST_F(Editing, AdditionsTakeNumbersFrom70000AtTheEndOfTheFilesCorrectionsAndDeletionsReachEveryEntry)
 {
     folder.write(kList, "casa|house|01234\r\n");
     folder.write(kMaster, "casa|house|01234\r\nperro|dog|01300"); // its last line has no line end
@@ -70,21 +69,24 @@ TEST_F(Editing, AdditionsTakeNumbersFrom70000AndLandAtTheEndOfListMasterAndUnkno
     EXPECT_EQ(add_word(session, {"luna", "moon", ""}), QString("71234"));
     EXPECT_EQ(folder.read(kMaster), "luna|moon|71234\r\n");
     EXPECT_EQ(folder.read(kHigh), " 71235\r\n");
-}
 
-TEST_F(Editing, CorrectionAndDeletionRewriteEveryEntryOfTheNumberInEachFileAndLogTheMasterOnce)
-{
+    // A correction or a deletion rewrites every entry of the number in each file, and logs the master once.
+    session.list_file = folder.file(kList);
     folder.write(kList, "casa|house|01234\r\nni\xF1o|child|01500\r\ncasita|little house|01234\r\n");
     folder.write(kMaster, "agua|water|01002\r\ncasa|house|01234\r\n");
     folder.write(kUnknown, "casa|house|01234\r\n");
-    folder.write(kKnown, "agua|water|01002\r\n");
+    folder.write(kKnown, "agua|water|01002\r\n\r\nabc\r\n");
     folder.write(kLog, "earlier|line|00001->earlier|one|00001\r\n");
+    // No entry clicked: no line is taken for the empty number, not even a blank one.
+    const auto untouched = folder.snapshot();
+    EXPECT_EQ(save_text(session, {"x", "y", ""}, 2), 3);
+    EXPECT_EQ(folder.snapshot(), untouched);
 
     EXPECT_EQ(save_text(session, {"casa", "home", "01234"}, 4), 5);
     EXPECT_EQ(folder.read(kList), "casa|home|01234\r\nni\xF1o|child|01500\r\ncasa|home|01234\r\n");
     EXPECT_EQ(folder.read(kMaster), "agua|water|01002\r\ncasa|home|01234\r\n");
     EXPECT_EQ(folder.read(kUnknown), "casa|home|01234\r\n");
-    EXPECT_EQ(folder.read(kKnown), "agua|water|01002\r\n");
+    EXPECT_EQ(folder.read(kKnown), "agua|water|01002\r\n\r\nabc\r\n");
     EXPECT_EQ(folder.read(kLog), "earlier|line|00001->earlier|one|00001\r\ncasa|house|01234->casa|home|01234\r\n");
 
     // The master list as the current list: rewritten once, so logged once.
@@ -104,19 +106,6 @@ TEST_F(Editing, CorrectionAndDeletionRewriteEveryEntryOfTheNumberInEachFileAndLo
     EXPECT_EQ(folder.read(kList), "ni\xF1o|child|01500\r\n");
     EXPECT_EQ(folder.read(kUnknown), "");
     EXPECT_EQ(folder.read(kLog), "word_deleted->casa|hogar|01234\r\n");
-}
-
-TEST_F(Editing, NoClickedEntryChangesNothing)
-{
-    const QByteArray entries = "casa|house|01234\r\n\r\nabc\r\n";
-    for (const char* file : {kList, kMaster, kKnown})
-        folder.write(file, entries);
-    // No entry clicked: no line is taken for the empty number, not even an empty one.
-    EXPECT_EQ(save_text(session, {"x", "y", ""}, 2), 3);
-    for (const char* file : {kList, kMaster, kKnown})
-        EXPECT_EQ(folder.read(file), entries) << file;
-    EXPECT_FALSE(folder.exists(kLog));
-    EXPECT_TRUE(prompts.shown.isEmpty());
 }
 
 TEST_F(Editing, KilledAtAnyMomentOfRepeatedCorrectionsEveryFileIsWhole)
@@ -210,7 +199,7 @@ struct ProgressLines : PackingView
 
 } // namespace
 
-TEST_F(Packing, CancelChangesNothingAndOKPacksOneArchivePerRecordingFolderAndTheLanguageFilesEachCopiedForSending)
+TEST_F(Packing, CancelChangesNothingAndOKPacksOneArchivePerRecordingFolderAndTheWordFilesEachCopiedForSending)
 {
     for (const char* name : {"70/70000.str", "70/70001.STR", "70/notes.txt", "71/71005.str", "72/72000.str"})
         folder.write(QString("languages/spanish/new_str/") + name, QByteArray(name) + patternBytes(3000));
@@ -219,8 +208,14 @@ TEST_F(Packing, CancelChangesNothingAndOKPacksOneArchivePerRecordingFolderAndThe
     folder.write(kMaster, "casa|house|01234\r\n");
     folder.write(kHigh, " 70003\r\n");
     folder.write("languages/spanish/spanish.zip", "an earlier archive");
-    folder.write("languages/spanish/food.txt.rewrite.tmp", "casa|ho"); // left by a killed rewrite
     folder.write("languages/spanish/01/01234.mp3", "installed");
+    // What killed runs left: the archiver's temporaries, a rewrite's, an edit's journal not committed.
+    const QStringList lefts = {"languages/spanish/spanish.zip.Ab12Cd", "languages/spanish/new_str/70/70.zip.xY3z9Q",
+                               "languages/spanish/food.txt.rewrite.tmp", "languages/spanish/food.txt.edit.tmp",
+                               "languages/spanish/edits.journal"};
+    for (const QString& left : lefts)
+        folder.write(left, "left behind");
+    folder.write(lefts.last(), "rename\t" + folder.file(lefts[3]).toUtf8() + "\t" + folder.file(kList).toUtf8() + "\n");
     const auto before = folder.snapshot();
     prompts.push(false);
     EXPECT_FALSE(pack_recordings(session));
@@ -260,11 +255,32 @@ TEST_F(Packing, CancelChangesNothingAndOKPacksOneArchivePerRecordingFolderAndThe
     EXPECT_TRUE(progress.lines.contains("Packing spanish_str_71.zip: 100%"));
     EXPECT_TRUE(progress.lines.contains("Packing spanish.zip: 100%"));
 
-    // A second run finds its folders and replaces the copies.
+    // The next start sweeps what the killed runs left, and nothing else.
+    auto swept = folder.snapshot();
+    for (const QString& left : lefts)
+        swept.remove(left);
+    finish_unfinished_work(session.languages_folder);
+    EXPECT_EQ(folder.snapshot(), swept);
+
+    // A second run finds its folders and replaces the copies; the one that cannot be written is named
+    // with its cause and keeps its bytes, the rest are written and named.
+    folder.write("languages/spanish/new_str/70/70000.str", "again");
     folder.write("languages/spanish/new_str/71/71005.str", "again");
+    prompts.shown.clear();
     prompts.push(true);
-    ASSERT_TRUE(pack_recordings(session));
-    EXPECT_EQ(member("recordings/str/spanish_str_71.zip", "71005.str"), "again");
+    file_faults::failAt(Step::write, 4, ENOSPC);
+    EXPECT_FALSE(pack_recordings(session));
+    file_faults::reset();
+    const QString said = prompts.shown.last().text;
+    EXPECT_FALSE(said.startsWith("This action is finished.")) << said.toStdString();
+    EXPECT_TRUE(said.contains(folder.file("recordings/str/spanish_str_71.zip") + " (the disk is full)") &&
+                said.contains(folder.file("recordings/str/spanish_str_72.zip")) &&
+                said.contains(folder.file("recordings/text_spanish.zip")))
+        << said.toStdString();
+    EXPECT_EQ(member("recordings/str/spanish_str_70.zip", "70000.str"), "again");
+    EXPECT_EQ(member("recordings/str/spanish_str_71.zip", "71005.str"), "71/71005.str" + patternBytes(3000));
+    EXPECT_EQ(QDir(folder.file("recordings/str")).entryList(QDir::Files | QDir::Hidden),
+              QStringList({"spanish_str_70.zip", "spanish_str_71.zip", "spanish_str_72.zip"}));
     EXPECT_EQ(members("recordings/text_spanish.zip"), textFiles);
 }
 
@@ -369,50 +385,6 @@ TEST_F(Safety, AKilledEditThatWasCommittedIsCompletedAtTheNextStartAndNothingTwi
     EXPECT_EQ(folder.read(kMaster), "agua|water|01002\r\ncasa|home|01234\r\nsol|sun|01300\r\n");
     EXPECT_EQ(folder.read(kLog), oldLog + logLine);
     EXPECT_EQ(QDir(folder.file("languages/spanish")).entryList({"*.tmp", "*.journal"}), QStringList());
-}
-
-TEST_F(Safety, PackingPacksOnlyWordFilesSweepsWhatAKilledRunLeftAndNamesEveryArchiveThatFailed)
-{
-    folder.write("languages/spanish/new_str/70/70000.str", "seventy");
-    folder.write("languages/spanish/new_str/71/71000.str", "seventy-one");
-    folder.write(kList, "casa|house|01234\r\n");
-    // What killed runs left: the archiver's temporaries, a rewrite's, a journal not committed.
-    for (const char* left : {"languages/spanish/spanish.zip.Ab12Cd", "languages/spanish/new_str/70/70.zip.xY3z9Q",
-                             "languages/spanish/food.txt.rewrite.tmp", "languages/spanish/food.txt.edit.tmp"})
-        folder.write(left, "left behind");
-    folder.write("languages/spanish/edits.journal", "rename\t" +
-                                                        folder.file("languages/spanish/food.txt.edit.tmp").toUtf8() +
-                                                        "\t" + folder.file(kList).toUtf8() + "\n");
-    prompts.push(true);
-    EXPECT_TRUE(pack_recordings(session));
-    QByteArray listing;
-    quorvane::test::runTool("unzip", {"-Z1", folder.file("recordings/text_spanish.zip")}, &listing);
-    EXPECT_EQ(listing, "food.txt\n");
-
-    finish_unfinished_work(session.languages_folder);
-    QStringList remaining;
-    for (QDirIterator it(folder.file("languages"), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-         it.hasNext();)
-        remaining.append(it.next().mid(folder.path().size() + 1));
-    remaining.removeAll("languages/spanish/.lock");
-    remaining.sort();
-    EXPECT_EQ(remaining, QStringList({kList, "languages/spanish/new_str/70/70.zip",
-                                      "languages/spanish/new_str/70/70000.str", "languages/spanish/new_str/71/71.zip",
-                                      "languages/spanish/new_str/71/71000.str", "languages/spanish/spanish.zip"}));
-
-    // The second copy of the 71 archive cannot be written: named with its cause, the rest written.
-    QDir(folder.file("recordings")).removeRecursively();
-    prompts.shown.clear();
-    prompts.push(true);
-    file_faults::failAt(Step::write, 4, ENOSPC);
-    EXPECT_FALSE(pack_recordings(session));
-    file_faults::reset();
-    const QString said = prompts.shown.last().text;
-    EXPECT_FALSE(said.startsWith("This action is finished.")) << said.toStdString();
-    EXPECT_TRUE(said.contains(folder.file("recordings/str/spanish_str_71.zip") + " (the disk is full)"))
-        << said.toStdString();
-    EXPECT_TRUE(said.contains(folder.file("recordings/text_spanish.zip"))) << said.toStdString();
-    EXPECT_TRUE(QDir(folder.file("recordings/str")).entryList(QDir::Files) == QStringList({"spanish_str_70.zip"}));
 }
 
 TEST_F(Safety, ANewLanguageAppearsWholeOrNotAtAllAndAKilledBuildIsSweptOrFinished)

@@ -85,7 +85,7 @@ TEST_F(Recording, SilenceIsCutAtTheNegativeSamplesAroundTheLoudPart)
     EXPECT_TRUE(take_level(repeated(0, 100), kRate).silent);
 }
 
-TEST_F(Recording, StoresTheCutTakeEncipheredAndStopsEarlyOnStop)
+TEST_F(Recording, StoresTheCutTakeEncipheredStopsEarlyOnStopAndTellsLibraryFailures)
 {
     // 0.2 s of quiet, a negative sample, a 1 s tone of 1000 and -1000, quiet to the end.
     const QByteArray tone = samples({1000, -1000}).repeated(kRate / 2);
@@ -112,14 +112,12 @@ TEST_F(Recording, StoresTheCutTakeEncipheredAndStopsEarlyOnStop)
     EXPECT_EQ(record_word(session, folder.file("00000.str"), kRate, 0.0f, 1, 2), QByteArray());
     EXPECT_EQ(clock.processed, waits);
     EXPECT_EQ(opensslBlowfish(folder, "00000.str"), QByteArray());
-}
 
-TEST_F(Recording, LibraryFailuresAreToldAndLeaveAnEmptyFileWithoutWaiting)
-{
+    // Library failures are told and leave an empty file without waiting.
     NoMicrophone noMicrophone;
     Session first(prompts, noMicrophone, clock);
     EXPECT_EQ(record_word(first, folder.file("01436.str"), kRate, 1.4f, 1, 2), QByteArray());
-    EXPECT_EQ(clock.processed, 0);
+    EXPECT_EQ(clock.processed, waits);
     EXPECT_EQ(opensslBlowfish(folder, "01436.str"), QByteArray());
 
     NoMemory noMemory;
@@ -240,7 +238,7 @@ struct SessionRun : quorvane::test::CoreSession, RecordView
 
 } // namespace
 
-TEST(RecordingSession, ManyWordsCountDownScrollEveryEleventhWordAndStepBackOnStop)
+TEST(RecordingSession, ManyWordsCountDownScrollEveryEleventhWordStepBackOnStopAndEndNearTheBottom)
 {
     SessionRun run(40);
     run.state.fast_method = flags::kYes;
@@ -268,56 +266,44 @@ TEST(RecordingSession, ManyWordsCountDownScrollEveryEleventhWordAndStepBackOnSto
     EXPECT_EQ(run.colours.last(), SessionColour::idle);
     EXPECT_EQ(run.session.recording_active, "no");
     EXPECT_EQ(run.session.stop_flag, "no");
-}
 
-TEST(RecordingSession, ManyWordsEndNearTheBottomWithoutRecordingTheEleventh)
-{
-    SessionRun run(40);
+    // Near the bottom the session ends without recording the eleventh word.
     run.choose(25);
     run.run();
-    EXPECT_EQ(run.recorded(), QList<int>({25, 26, 27, 28, 29, 30, 31, 32, 33, 34}));
+    EXPECT_EQ(run.recorded(), QList<int>({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 25, 26, 27, 28, 29, 30, 31, 32, 33, 34}));
     EXPECT_EQ(run.row, 35);
-
-    // Started on the last row: that word once, the selection unchanged.
-    SessionRun last(3);
-    last.choose(2);
-    last.run();
-    EXPECT_EQ(last.recorded(), QList<int>{2});
-    EXPECT_TRUE(last.selections.isEmpty());
 }
 
 TEST(RecordingSession, ATakeThatCannotBeStoredIsToldKeepsTheOldTakeAndEndsTheSession)
 {
     // Each step of storing the take failing in turn on a full disk, then new_str being a file.
-    const auto fail = [](Step step) { return [step] { file_faults::failAt(step, 1, ENOSPC); }; };
-    for (const auto& [what, breakIt] : QList<std::pair<QString, std::function<void()>>>{{"write", fail(Step::write)},
-                                                                                        {"flush", fail(Step::flush)},
-                                                                                        {"rename", fail(Step::rename)},
-                                                                                        {"new_str is a file", [] {}}}) {
-        SCOPED_TRACE(what.toStdString());
+    const QString newStr = "languages/spanish/new_str";
+    const struct
+    {
+        std::optional<Step> step;
+        QString kept;
+        const char* cause;
+    } cases[] = {{Step::write, recordingOf(1), "the disk is full"},
+                 {Step::flush, recordingOf(1), "the disk is full"},
+                 {Step::rename, recordingOf(1), "the disk is full"},
+                 {std::nullopt, newStr, "Not a directory"}};
+    for (const auto& [step, kept, cause] : cases) {
+        SCOPED_TRACE(kept.toStdString() + " " + cause);
         SessionRun run(2);
         run.choose(1);
         run.state.record_single = flags::kYes;
-        if (what.startsWith("new_str"))
-            run.folder.write("languages/spanish/new_str", "a file");
-        else
-            run.folder.write(recordingOf(1), "the old take");
-        const QString folder =
-            run.folder.file(what.startsWith("new_str") ? "languages/spanish/new_str" : "languages/spanish/new_str/01");
+        run.folder.write(kept, "the old bytes");
+        const QString folder = run.folder.file(step ? newStr + "/01" : newStr);
         const QStringList before = QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
-        breakIt();
+        if (step)
+            file_faults::failAt(*step, 1, ENOSPC);
         run.run();
         file_faults::reset();
 
-        EXPECT_EQ(run.prompts.texts().size(), 1);
-        const QString said = run.prompts.texts().value(0);
-        EXPECT_TRUE(said.contains(what.startsWith("new_str") ? run.folder.file("languages/spanish/new_str")
-                                                             : run.folder.file(recordingOf(1))))
-            << said.toStdString();
-        EXPECT_TRUE(said.contains(what.startsWith("new_str") ? "Not a directory" : "the disk is full"))
-            << said.toStdString();
-        EXPECT_EQ(run.folder.read(what.startsWith("new_str") ? "languages/spanish/new_str" : recordingOf(1)),
-                  what.startsWith("new_str") ? "a file" : "the old take");
+        ASSERT_EQ(run.prompts.texts().size(), 1);
+        const QString said = run.prompts.texts()[0];
+        EXPECT_TRUE(said.contains(run.folder.file(kept)) && said.contains(cause)) << said.toStdString();
+        EXPECT_EQ(run.folder.read(kept), "the old bytes");
         EXPECT_EQ(QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden), before);
         EXPECT_TRUE(run.takes.isEmpty());
         EXPECT_EQ(run.session.recording_active, "no");
@@ -367,6 +353,14 @@ TEST(RecordingSession, SingleWordsAndRefusals)
     run.start(1.0f, true);
     EXPECT_EQ(run.recorded(), QList<int>({1, 2}));
     EXPECT_EQ(run.countdowns.last(), "2");
+
+    // Many words started on the last row: that word once, the selection unchanged.
+    QFile::remove(run.folder.file(recordingOf(2)));
+    run.choose(2);
+    run.state.record_single = flags::kNo;
+    run.run();
+    EXPECT_EQ(run.recorded(), QList<int>({1, 2}));
+    EXPECT_TRUE(run.selections.isEmpty());
 }
 
 // ---- the record-and-edit window
@@ -440,7 +434,7 @@ TEST(RecordWindow, SplitsTheListPlaysClickedWordsAndReturns)
     EXPECT_EQ(record->record_speed->text(), "Click for fast method");
 
     // The editing buttons: a correction reaches the list file (the missing master ends the save),
-    // the list editor opens, and packing can be cancelled.
+    // the list editor opens and closes leaving the main window hidden, and packing can be cancelled.
     select_row(record->span_list_w, 0);
     record->left_word->setText("palabro");
     record->save_text->click();
@@ -448,6 +442,7 @@ TEST(RecordWindow, SplitsTheListPlaysClickedWordsAndReturns)
     record->Command1->click();
     ASSERT_NE(quorvane::window("edit_list"), nullptr);
     quorvane::window("edit_list")->close();
+    EXPECT_FALSE(main->isVisible());
     program.prompts.push(false);
     record->zip->click();
     EXPECT_EQ(program.prompts.texts().last(), "The action has been cancelled.");

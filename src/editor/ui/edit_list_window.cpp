@@ -6,7 +6,6 @@
 #include "editor/texts.h"
 #include "widgets/announce_texts.h"
 #include "widgets/controls.h"
-#include "widgets/handler_guard.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -17,9 +16,9 @@
 
 namespace quorvane {
 
-EditListWindow::EditListWindow(Session& session, QWidget* parent) : QWidget(parent, Qt::Window), m_session(session)
+EditListWindow::EditListWindow(Session& session, QWidget* parent)
+    : ActivityWindow(session, parent, MainWindowOnClose::leave)
 {
-    setAttribute(Qt::WA_DeleteOnClose);
     setObjectName(QStringLiteral("edit_list"));
     setWindowTitle(editor_texts::title());
     const QFont buttonFont = controls::font(controls::kSansSerif, 8, true);
@@ -63,14 +62,9 @@ void EditListWindow::buildLayout()
     resize(820, 600);
 }
 
-void EditListWindow::run(const std::function<void()>& handler)
-{
-    runHandler(m_session.prompts, handler);
-}
-
 void EditListWindow::form_load()
 {
-    run([this] {
+    guarded([this] {
         const ListEditorOpening opening = open_list_editor(m_session);
         m_listPath = opening.list_path;
         TextBox1->setPlainText(opening.text);
@@ -80,7 +74,7 @@ void EditListWindow::form_load()
 
 void EditListWindow::save_and_exit_click()
 {
-    run([this] {
+    guarded([this] {
         QString error;
         // The raw text keeps every character as the file had it (a plain-text copy would turn
         // no-break spaces into blanks).
@@ -98,7 +92,7 @@ void EditListWindow::save_and_exit_unicode_click()
 
 void EditListWindow::start_new_list_click()
 {
-    run([this] {
+    guarded([this] {
         const auto outcome = quorvane::start_new_list(m_session);
         if (!outcome)
             return;

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <QPointer>
-#include <QString>
-#include <QWidget>
+#include "widgets/activity_window.h"
 
-#include <functional>
+#include <QString>
 
 class QLabel;
 class QPlainTextEdit;
@@ -12,11 +10,9 @@ class QPushButton;
 
 namespace quorvane {
 
-class Session;
-
 // The list editor, edit_list: one word-list file of the current language as plain text in
-// TextBox1, written back by save_and_exit. Deletes itself when closed.
-class EditListWindow : public QWidget
+// TextBox1, written back by save_and_exit. Closing it leaves the main window as it is.
+class EditListWindow : public ActivityWindow
 {
     Q_OBJECT
 public:
@@ -43,9 +39,7 @@ public slots:
 
 private:
     void buildLayout();
-    void run(const std::function<void()>& handler);
 
-    Session& m_session;
     QString m_listPath;
 };
 

@@ -8,10 +8,8 @@
 #include "flash/texts.h"
 #include "store/word_moves.h"
 #include "widgets/controls.h"
-#include "widgets/handler_guard.h"
 
 #include <QApplication>
-#include <QCloseEvent>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
@@ -29,9 +27,8 @@ using flags::kYes;
 } // namespace
 
 FlashCardWindow::FlashCardWindow(Session& session, CardStyle style, QWidget* parent)
-    : QWidget(parent, Qt::Window), m_session(session), m_style(style)
+    : ActivityWindow(session, parent), m_style(style)
 {
-    setAttribute(Qt::WA_DeleteOnClose);
     setFont(controls::font(controls::kArial, 9));
 
     const bool large = style == CardStyle::large;
@@ -94,7 +91,7 @@ void FlashCardWindow::addKeys()
 
 void FlashCardWindow::startMediaKeys()
 {
-    if (m_mediaKeys || m_unloaded)
+    if (m_mediaKeys || unloaded())
         return;
     m_mediaKeys = new MediaKeys(this);
     // The first run has begun by now.
@@ -122,11 +119,6 @@ QPushButton* FlashCardWindow::makeButton(const QString& name, const QString& cap
 QLabel* FlashCardWindow::makeLabel(const QString& name, int points, bool bold)
 {
     return controls::label(this, name, QString(), controls::font(controls::kArial, points, bold));
-}
-
-void FlashCardWindow::guarded(const std::function<void()>& handler)
-{
-    runHandler(m_session.prompts, handler);
 }
 
 void FlashCardWindow::showWindow()
@@ -167,10 +159,9 @@ void FlashCardWindow::playwords()
     // The window may be deleted while the loop runs (closed, then its deferred deletion reached
     // from a nested wait): the loop watches it, and nothing of this object is touched afterwards.
     Session& session = m_session;
-    const CardStyle style = m_style;
-    runHandler(session.prompts, [&session, style, this] {
+    guarded([this, &session] {
         QString error;
-        if (!play_cards(session, *this, this, style, &error))
+        if (!play_cards(session, *this, this, m_style, &error))
             session.prompts.message(error);
     });
 }
@@ -240,13 +231,11 @@ void FlashCardWindow::resume_click()
         playwords();
 }
 
-void FlashCardWindow::form_unload()
+void FlashCardWindow::unloading()
 {
-    m_unloaded = true;
     if (m_mediaKeys)
         m_mediaKeys->withdraw();
     m_session.stop_flag = kYes;
-    m_session.mainView().show_main_window();
 }
 
 void FlashCardWindow::resizeEvent(QResizeEvent* event)
@@ -262,13 +251,6 @@ void FlashCardWindow::resizeEvent(QResizeEvent* event)
         font.setPointSize(points);
         label->setFont(font);
     }
-}
-
-void FlashCardWindow::closeEvent(QCloseEvent* event)
-{
-    if (!m_unloaded)
-        form_unload();
-    event->accept();
 }
 
 } // namespace quorvane

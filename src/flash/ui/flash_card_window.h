@@ -2,31 +2,27 @@
 
 #include "flash/card_loop.h"
 #include "flash/media_keys.h"
+#include "widgets/activity_window.h"
 
 #include <QPointer>
-#include <QWidget>
-
-#include <functional>
 
 class QLabel;
 class QPushButton;
 
 namespace quorvane {
 
-class Session;
-
 // What the large (qvplay) and the small (qvplay2) flash-card windows share: the card texts, the
 // counters, the buttons that change the shared settings, and the card loop itself, playwords().
 // The loop runs inside the handler that calls playwords() and yields only inside its waits, so
 // every other handler runs between two of its steps and only sets settings or flags.
 //
-// Closing the window (its frame, or Exit) hides it, sets stop_flag and shows the main window;
-// the window is deleted later, once the loop has unwound. Owned by its Qt parent, the main window.
+// Closing the window (its frame, or Exit) also sets stop_flag; the window may be deleted while the
+// loop still waits inside it, which notices at its next check.
 //
 // Keys act wherever the focus is in the window: Space pauses and resumes, Right skips, Left
 // replays, Escape closes. From the first run until the window closes, the cards are also a media
 // player on the session bus (MediaKeys), whose commands run the same handlers.
-class FlashCardWindow : public QWidget, public CardView
+class FlashCardWindow : public ActivityWindow, public CardView
 {
     Q_OBJECT
 public:
@@ -49,7 +45,7 @@ public:
 
     // CardView
     void showWindow() override;
-    bool unloaded() const override { return m_unloaded; }
+    bool unloaded() const override { return ActivityWindow::unloaded(); }
     void showWordsLeft(const QString& text) override;
     void showCard(const QString& word, const QString& translation) override;
     void showPlay(const QString& repeatText, const QString& speedText) override;
@@ -73,27 +69,19 @@ public slots:
     void next_word_click();
     void pause_click();
     void resume_click();
-    // Runs when the window closes, by its frame or a button.
-    void form_unload();
 
 protected:
-    void closeEvent(QCloseEvent* event) override;
+    void unloading() override;
     // The words grow with the card: larger than the first size, larger type.
     void resizeEvent(QResizeEvent* event) override;
-
-    // Runs a handler so that no exception reaches the event loop.
-    void guarded(const std::function<void()>& handler);
     QPushButton* makeButton(const QString& name, const QString& caption, int points);
     QLabel* makeLabel(const QString& name, int points, bool bold = false);
-
-    Session& m_session;
 
 private:
     void addKeys();
     void startMediaKeys();
 
     const CardStyle m_style;
-    bool m_unloaded = false;
     int m_wordPoints = 0;
     QSize m_firstSize;
     QPointer<MediaKeys> m_mediaKeys;

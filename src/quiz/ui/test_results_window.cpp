@@ -6,10 +6,8 @@
 #include "store/text_files.h"
 #include "widgets/announce_texts.h"
 #include "widgets/controls.h"
-#include "widgets/handler_guard.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
@@ -29,12 +27,10 @@ const QString kLineEnd = QStringLiteral("\r\n");
 
 } // namespace
 
-TestResultsWindow::TestResultsWindow(Session& session, QWidget* parent)
-    : QWidget(parent, Qt::Window), m_session(session)
+TestResultsWindow::TestResultsWindow(Session& session, QWidget* parent) : ActivityWindow(session, parent)
 {
     setObjectName(QStringLiteral("test_results"));
     setWindowTitle(quiz_texts::resultsTitle());
-    setAttribute(Qt::WA_DeleteOnClose);
     const QFont text = controls::font(controls::kArial, kTextPoints);
     setFont(text);
 
@@ -60,11 +56,6 @@ TestResultsWindow::TestResultsWindow(Session& session, QWidget* parent)
     page->addWidget(Label1);
     page->addLayout(buttons);
     resize(900, 480);
-}
-
-void TestResultsWindow::guarded(const std::function<void()>& handler)
-{
-    runHandler(m_session.prompts, handler);
 }
 
 void TestResultsWindow::form_load()
@@ -133,19 +124,6 @@ bool TestResultsWindow::printTo(QPrinter& printer)
 void TestResultsWindow::exit_without_save_click()
 {
     close();
-}
-
-void TestResultsWindow::form_unload()
-{
-    m_unloaded = true;
-    m_session.mainView().show_main_window();
-}
-
-void TestResultsWindow::closeEvent(QCloseEvent* event)
-{
-    if (!m_unloaded)
-        form_unload();
-    event->accept();
 }
 
 } // namespace quorvane

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QWidget>
-
-#include <functional>
+#include "widgets/activity_window.h"
 
 class QLabel;
 class QPlainTextEdit;
@@ -11,12 +9,9 @@ class QPushButton;
 
 namespace quorvane {
 
-class Session;
-
 // The results window, test_results ("Test Results"): shows report_text (the test results or a
-// word list) and lets the student save it to a file, print it or close the window. Made with the
-// main window as Qt parent; deleted when closed, after showing the main window again.
-class TestResultsWindow : public QWidget
+// word list) and lets the student save it to a file, print it or close the window.
+class TestResultsWindow : public ActivityWindow
 {
     Q_OBJECT
 public:
@@ -37,16 +32,6 @@ public slots:
     void save_and_exit_click();
     void print_test_results_click();
     void exit_without_save_click();
-    void form_unload();
-
-protected:
-    void closeEvent(QCloseEvent* event) override;
-
-private:
-    void guarded(const std::function<void()>& handler);
-
-    Session& m_session;
-    bool m_unloaded = false;
 };
 
 } // namespace quorvane

@@ -4,10 +4,9 @@
 #include "quiz/texts.h"
 #include "store/paths.h"
 #include "widgets/controls.h"
-#include "widgets/handler_guard.h"
 #include "widgets/list_box.h"
 
-#include <QCloseEvent>
+#include <QEvent>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -55,7 +54,7 @@ public:
 
 } // namespace
 
-TestWindow::TestWindow(Session& session, QWidget* parent) : QWidget(parent, Qt::Window), m_session(session)
+TestWindow::TestWindow(Session& session, QWidget* parent) : ActivityWindow(session, parent)
 {
     setObjectName(QStringLiteral("test"));
     setWindowTitle(quiz_texts::testTitle());
@@ -200,11 +199,6 @@ void TestWindow::buildLayout()
     resize(860, 520);
 }
 
-void TestWindow::guarded(const std::function<void()>& handler)
-{
-    runHandler(m_session.prompts, handler);
-}
-
 void TestWindow::form_load()
 {
     const Session& s = m_session;
@@ -321,10 +315,7 @@ void TestWindow::fill_in_blank_click()
 
 void TestWindow::begin_test_click()
 {
-    guarded([this] { quorvane::begin_test(m_session, *this, m_state, this); });
-    // A window closed during its test waited for the test to unwind before going.
-    if (m_unloaded && !m_state.running)
-        deleteLater();
+    guardedWait([this] { quorvane::begin_test(m_session, *this, m_state, this); });
 }
 
 void TestWindow::stop_click()
@@ -348,22 +339,6 @@ void TestWindow::Text1_keypress(int keyAscii)
 {
     if (keyAscii == kEnterKey)
         give_answer(m_session, m_state, Text1->text());
-}
-
-void TestWindow::form_unload()
-{
-    m_unloaded = true;
-    m_session.mainView().show_main_window();
-}
-
-void TestWindow::closeEvent(QCloseEvent* event)
-{
-    if (!m_unloaded)
-        form_unload();
-    event->accept();
-    // A running test still uses the window: it goes once the test has unwound.
-    if (!m_state.running)
-        deleteLater();
 }
 
 } // namespace quorvane

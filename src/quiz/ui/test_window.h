@@ -1,10 +1,7 @@
 #pragma once
 
 #include "quiz/quiz_loop.h"
-
-#include <QWidget>
-
-#include <functional>
+#include "widgets/activity_window.h"
 
 class QLabel;
 class QLineEdit;
@@ -13,15 +10,14 @@ class QRadioButton;
 
 namespace quorvane {
 
-class Session;
 class ListBox;
 
 // The test window, test ("Test"): the set-up of a test, then its questions, each counted down
 // while the student picks one of six choices or types an answer. The test runs inside the
 // handler of "Begin Test" (begin_test_click) and yields only inside its waits, where the answer
 // handlers run; they only record the answer. Made afresh for each test by the main window, with
-// it as Qt parent; closing it shows the main window again and deletes it once no test runs.
-class TestWindow : public QWidget, public QuizView
+// it as Qt parent; closed during a test, it is deleted once the test has unwound.
+class TestWindow : public ActivityWindow, public QuizView
 {
     Q_OBJECT
 public:
@@ -60,7 +56,7 @@ public:
     const QuizState& state() const { return m_state; }
 
     // QuizView
-    bool unloaded() const override { return m_unloaded; }
+    bool unloaded() const override { return ActivityWindow::unloaded(); }
     QString questionsText() const override;
     QString secondsText() const override;
     int sourceRow() const override;
@@ -87,22 +83,14 @@ public slots:
     void c_click(int number);
     // Only Enter (13) answers.
     void Text1_keypress(int keyAscii);
-    // Runs when the window closes, by its frame or by Exit.
-    void form_unload();
-
-protected:
-    void closeEvent(QCloseEvent* event) override;
 
 private:
     void buildControls();
     void buildLayout();
     void showListChoice(bool visible);
-    void guarded(const std::function<void()>& handler);
 
-    Session& m_session;
     QuizState m_state;
     QList<QPushButton*> m_choices;
-    bool m_unloaded = false;
 };
 
 } // namespace quorvane

@@ -10,11 +10,9 @@
 #include "store/paths.h"
 #include "widgets/announce_texts.h"
 #include "widgets/controls.h"
-#include "widgets/handler_guard.h"
 #include "widgets/list_box.h"
 
 #include <QCheckBox>
-#include <QCloseEvent>
 #include <QColor>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -75,7 +73,7 @@ void fill(ListBox* box, const QStringList& texts, int count)
 
 } // namespace
 
-RecordWindow::RecordWindow(Session& session, QWidget* parent) : QWidget(parent, Qt::Window), m_session(session)
+RecordWindow::RecordWindow(Session& session, QWidget* parent) : ActivityWindow(session, parent)
 {
     setObjectName(QStringLiteral("qvrecord"));
     setWindowTitle(record_texts::windowTitle());
@@ -264,11 +262,6 @@ void RecordWindow::wireHandlers()
     }
 }
 
-void RecordWindow::guarded(const std::function<void()>& handler)
-{
-    runHandler(m_session.prompts, handler);
-}
-
 // ---- RecordView
 
 ListBox* RecordWindow::spanList(const QString& kind) const
@@ -362,8 +355,8 @@ void RecordWindow::create_arrays()
 
 void RecordWindow::wordClicked(const QString& kind)
 {
-    ++m_waitsRunning;
-    guarded([this, &kind] {
+    // The chosen word's sound plays inside this handler.
+    guardedWait([this, &kind] {
         const int row = spanList(kind)->currentRow();
         engList(kind)->setRowQuietly(row);
         // A word the user picks shows no take of another; a recording run moving on keeps its last.
@@ -380,8 +373,6 @@ void RecordWindow::wordClicked(const QString& kind)
         filenum_lbl->setText(chosen.fileCaption + (spoken ? sound_texts::kSynthesizedMark : QString()));
         play_chosen(m_session, state, chosen.word);
     });
-    --m_waitsRunning;
-    deleteIfClosed();
 }
 
 void RecordWindow::span_list_w_click()
@@ -406,18 +397,12 @@ void RecordWindow::eng_list_wo_click()
 
 void RecordWindow::record(float seconds, bool single)
 {
-    ++m_waitsRunning;
-    guarded([this, seconds, single] { start_recording(m_session, state, *this, this, seconds, single); });
-    --m_waitsRunning;
-    deleteIfClosed();
+    guardedWait([this, seconds, single] { start_recording(m_session, state, *this, this, seconds, single); });
 }
 
 void RecordWindow::misc_rec()
 {
-    ++m_waitsRunning;
-    guarded([this] { quorvane::misc_rec(m_session, state, *this, this); });
-    --m_waitsRunning;
-    deleteIfClosed();
+    guardedWait([this] { quorvane::misc_rec(m_session, state, *this, this); });
 }
 
 // "No time limit" is one word of at most 30 seconds, as it always has been.
@@ -461,26 +446,9 @@ void RecordWindow::license_click()
     m_session.prompts.message(record_texts::license());
 }
 
-void RecordWindow::form_unload()
+void RecordWindow::unloading()
 {
-    m_unloaded = true;
     m_session.stop_flag = flags::kYes;
-    m_session.mainView().show_main_window();
-}
-
-void RecordWindow::closeEvent(QCloseEvent* event)
-{
-    if (!m_unloaded)
-        form_unload();
-    event->accept();
-    deleteIfClosed();
-}
-
-void RecordWindow::deleteIfClosed()
-{
-    // A session or a sound still playing in a handler below this one uses the window: it goes once they end.
-    if (m_unloaded && m_waitsRunning == 0)
-        deleteLater();
 }
 
 } // namespace quorvane

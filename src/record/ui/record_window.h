@@ -2,11 +2,9 @@
 
 #include "record/packing.h"
 #include "record/record_session.h"
+#include "widgets/activity_window.h"
 
 #include <QString>
-#include <QWidget>
-
-#include <functional>
 
 class QCheckBox;
 class QLabel;
@@ -16,7 +14,6 @@ class QPushButton;
 namespace quorvane {
 
 class ListBox;
-class Session;
 
 // The record-and-edit window, qvrecord: the current list split into words with and without a
 // recording, the clicked entry in two edit boxes, the duration buttons that record it (one word, or
@@ -24,9 +21,8 @@ class Session;
 //
 // A recording session runs inside the handler of the duration button that starts it and yields only
 // in its waits, so STOP and the close box are served meanwhile. Closing the window (its frame or
-// exit_button) sets stop_flag and shows the main window; the window is deleted once no session
-// runs in it any more. Owned by its Qt parent, the main window.
-class RecordWindow : public QWidget, public RecordView, public PackingView
+// exit_button) also sets stop_flag; the window is deleted once no session runs in it any more.
+class RecordWindow : public ActivityWindow, public RecordView, public PackingView
 {
     Q_OBJECT
 public:
@@ -98,7 +94,7 @@ public:
     QPushButton* zip;
 
     // RecordView
-    bool unloaded() const override { return m_unloaded; }
+    bool unloaded() const override { return ActivityWindow::unloaded(); }
     int selectedRow(const QString& kind) const override;
     bool selectRow(const QString& kind, int row) override;
     void showFileNumber(const QString& caption) override;
@@ -133,11 +129,9 @@ public slots:
     void instructions_text_click();
     void instructions_record_click();
     void license_click();
-    // Runs when the window closes, by its frame or exit_button.
-    void form_unload();
 
 protected:
-    void closeEvent(QCloseEvent* event) override;
+    void unloading() override;
 
 private:
     void buildControls();
@@ -150,14 +144,6 @@ private:
     // The click on a word of the lists of kind: partner row, edit boxes, file number, its sound.
     void wordClicked(const QString& kind);
     void record(float seconds, bool single);
-    // Deletes the window later once it is closed and no handler of it waits any more.
-    void deleteIfClosed();
-    void guarded(const std::function<void()>& handler);
-
-    Session& m_session;
-    bool m_unloaded = false;
-    // Handlers of this window waiting inside a session or a sound (a second duration button nests one).
-    int m_waitsRunning = 0;
 };
 
 } // namespace quorvane

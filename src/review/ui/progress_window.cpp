@@ -8,7 +8,6 @@
 #include "review/texts.h"
 #include "store/text_files.h"
 #include "widgets/controls.h"
-#include "widgets/handler_guard.h"
 
 #include <QBarCategoryAxis>
 #include <QBarSeries>
@@ -51,12 +50,12 @@ QChartView* chartView(QWidget* parent, const QString& name, const QString& title
 
 } // namespace
 
-ProgressWindow::ProgressWindow(Session& session, QWidget* parent) : QWidget(parent, Qt::Window), m_session(session)
+ProgressWindow::ProgressWindow(Session& session, QWidget* parent)
+    : ActivityWindow(session, parent, MainWindowOnClose::leave)
 {
     setObjectName(QStringLiteral("progress"));
     setWindowTitle(review_texts::kProgressTitle + QStringLiteral(" - ") + session.user_name + QStringLiteral(" - ") +
                    session.current_language);
-    setAttribute(Qt::WA_DeleteOnClose);
     const QFont font = controls::font(controls::kArial, kPoints);
     setFont(font);
     scores_chart = chartView(this, QStringLiteral("scores_chart"), review_texts::kScoresTitle);
@@ -88,7 +87,7 @@ ProgressWindow::ProgressWindow(Session& session, QWidget* parent) : QWidget(pare
     page->addLayout(grid, 1);
     page->addLayout(buttons);
 
-    runHandler(session.prompts, [this] {
+    guarded([this] {
         drawScores();
         drawKnownPerWeek();
         listMissed();
@@ -178,7 +177,7 @@ void ProgressWindow::listMissed()
 
 void ProgressWindow::save_png_click()
 {
-    runHandler(m_session.prompts, [this] {
+    guarded([this] {
         const QString path = m_session.prompts.input(review_texts::kSavePrompt, review_texts::kProgressTitle,
                                                      QStringLiteral("progress.png"));
         if (path.isEmpty())

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QWidget>
+#include "widgets/activity_window.h"
 
 class QChartView;
 class QLabel;
@@ -9,13 +9,11 @@ class QPushButton;
 
 namespace quorvane {
 
-class Session;
-
 // The progress window, progress (Tools > Progress): the student's test scores over time, one line
 // per kind of test; the words moved to known per week; the most missed words of the language with
-// their miss counts. Drawn once from test_results.txt and the review log when it opens. Owned by
-// its Qt parent, the main window; deleted when closed.
-class ProgressWindow : public QWidget
+// their miss counts. Drawn once from test_results.txt and the review log when it opens. Closing it
+// leaves the main window as it is.
+class ProgressWindow : public ActivityWindow
 {
     Q_OBJECT
 public:
@@ -38,8 +36,6 @@ private:
     void drawScores();
     void drawKnownPerWeek();
     void listMissed();
-
-    Session& m_session;
 };
 
 } // namespace quorvane
