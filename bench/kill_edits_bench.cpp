@@ -305,7 +305,7 @@ void BM_KillDuringNewLanguage(benchmark::State& state)
             for (int n = next;; ++n) {
                 child.prompts.push(QStringLiteral("lang%1").arg(n));
                 child.prompts.push(QStringLiteral("english"));
-                if (new_language(child.session))
+                if (QString error; new_language(child.session, &error))
                     ack(n);
             }
         });

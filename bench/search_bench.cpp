@@ -210,8 +210,9 @@ void BM_SearchKeystroke(benchmark::State& state)
     const int field = static_cast<int>(state.range(1));
     MasterCache cache;
     int i = 0;
+    QString error;
     for (auto _ : state)
-        search_master_list(bench.session(), field, QString::fromLatin1(kTerms[i++ % kTermCount]), cache);
+        search_master_list(bench.session(), field, QString::fromLatin1(kTerms[i++ % kTermCount]), cache, &error);
     qsizetype results = 0;
     for (const char* term : kTerms)
         results +=

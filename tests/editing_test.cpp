@@ -400,9 +400,7 @@ TEST_F(Safety, ANewLanguageAppearsWholeOrNotAtAllAndAKilledBuildIsSweptOrFinishe
             prompts.shown.clear();
             prompts.push(QString(name));
             prompts.push(QString(target));
-            const bool made = new_language(session);
-            *error = prompts.shown.last().text;
-            return made;
+            return new_language(session, error);
         };
     };
     failEachStep(prepare, make("swahili", "english"));

@@ -82,14 +82,17 @@ TEST_F(WordMoves, AWordMoveToARowOutsideTheArraysOrAFailedWriteNeverLosesTheWord
 
     // The target cannot be written (its parent is a file): the source keeps every word.
     folder.write("users/kestrin/spanish/plain", "a file, not a folder");
-    move_word(session, folder.file("users/kestrin/spanish/plain/food-k.txt"), session.unknown_file, 0);
+    QString error;
+    move_word(session, folder.file("users/kestrin/spanish/plain/food-k.txt"), session.unknown_file, 0, &error);
+    prompts.message(error);
     EXPECT_EQ(folder.read("users/kestrin/spanish/food-u.txt"), kThreeWords);
     // The source cannot be replaced (a folder stands at its path): the word added to the target is
     // taken back.
     const QString blocked = folder.file("users/kestrin/spanish/blocked-u.txt");
     folder.mkdir("users/kestrin/spanish/blocked-u.txt");
     session.shown_file = blocked;
-    move_word(session, session.known_file, blocked, 2);
+    move_word(session, session.known_file, blocked, 2, &error);
+    prompts.message(error);
     EXPECT_FALSE(folder.exists("users/kestrin/spanish/food-k.txt"));
     EXPECT_TRUE(QFileInfo(blocked).isDir());
 

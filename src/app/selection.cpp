@@ -1,6 +1,5 @@
 #include "app/selection.h"
 
-#include "core/prompts.h"
 #include "core/session.h"
 #include "store/paths.h"
 #include "store/text_files.h"
@@ -21,11 +20,17 @@ LanguageLists choose_language(Session& session, const QString& language)
     const bool paired = QFileInfo::exists(transFile);
     QString target;
     QString indexFile;
+    // A pairing that cannot be read is said; the language is chosen all the same, without it.
+    QString error;
+    QString cause;
     if (paired) {
-        target = readFirstLine(transFile);
+        const std::optional<QStringList> lines = readTextLines(transFile, &cause);
+        if (!lines)
+            error = store_texts::fileNotRead(transFile, cause);
+        target = lines ? lines->value(0) : QString();
         indexFile = paths::transIndexFile(languages, language, target);
-        if (QFileInfo::exists(indexFile))
-            load_trans_index(indexFile, session.target_sound_numbers);
+        if (lines && QFileInfo::exists(indexFile))
+            load_trans_index(indexFile, session.target_sound_numbers, &error);
     }
 
     session.shown_file.clear();
@@ -39,6 +44,7 @@ LanguageLists choose_language(Session& session, const QString& language)
     removeStrayRewrites(studentFolder);
     removeStrayRewrites(paths::languageFolder(languages, language));
     LanguageLists result;
+    result.error = error;
     result.lists = scan_and_sweep(paths::languageFolder(languages, language), paths::kListSuffix);
     result.lists.removeAll(paths::masterName(language));
     result.known_lists = known_lists_of(session);
@@ -59,7 +65,7 @@ QStringList known_lists_of(const Session& session)
                           paths::kKnownSuffix);
 }
 
-bool choose_list(Session& session, const QString& list, bool known)
+bool choose_list(Session& session, const QString& list, bool known, QString* told)
 {
     const ListFiles files = list_files_of(session, list);
     const QString shown = known ? files.known_file : files.unknown_file;
@@ -82,8 +88,8 @@ bool choose_list(Session& session, const QString& list, bool known)
                 error = store_texts::fileNotRead(shown, error);
         }
     }
-    if (!error.isEmpty())
-        session.prompts.message(error);
+    if (told)
+        *told = error;
 
     session.current_list = list;
     session.list_file = files.list_file;

@@ -11,6 +11,7 @@ struct LanguageLists
 {
     QStringList lists;       // the word lists of the language, master left out
     QStringList known_lists; // the student's known lists of the language
+    QString error;           // a pairing file that could not be read, to be told ("" when all was read)
 };
 
 // Chooses a language: current_language, master_file and trans_file follow it, the student's
@@ -27,8 +28,10 @@ QStringList known_lists_of(const Session& session);
 // Chooses a list of the current language and shows its unknown words, or its known words: the
 // files of the list, current_list, shown_file and the word arrays follow; the unknown file is made
 // when missing. A table limit throws TableLimitError before any session value or file changes. A
-// file that cannot be read or made is said in a message box, naming it; when the shown file is not
-// read, nothing is shown (shown_file cleared, the arrays empty) and the result is false.
-bool choose_list(Session& session, const QString& list, bool known);
+// file that cannot be read or made is named, with the cause, in told ("" when all went well), for
+// the caller to tell; when the shown file is not read, nothing is shown (shown_file cleared, the
+// arrays empty) and the result is false. A known list read while its unknown file cannot be made is
+// still shown (true, with told set).
+bool choose_list(Session& session, const QString& list, bool known, QString* told);
 
 } // namespace quorvane

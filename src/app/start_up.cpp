@@ -66,10 +66,10 @@ void ask_user_name(Session& session)
     QDir().mkdir(session.user_folder);
 }
 
-bool start_up(Session& session)
+bool start_up(Session& session, QString* error)
 {
     if (!session.sound.available()) {
-        session.prompts.message(store_texts::kSoundLibraryMissing);
+        *error = store_texts::kSoundLibraryMissing;
         return false;
     }
     session.sound_ok = session.sound.init(kMixRate, kMixChannels, 0);
@@ -77,7 +77,7 @@ bool start_up(Session& session)
         session.prompts.message(store_texts::soundStartFailed(sound_error_text(session.sound.getError())));
     ask_user_name(session);
     if (!lock_student_folder(session)) {
-        session.prompts.message(store_texts::studentAlreadyOpen(session.user_name));
+        *error = store_texts::studentAlreadyOpen(session.user_name);
         return false;
     }
     removeStrayRewrites(paths::programFolder());

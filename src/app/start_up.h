@@ -20,12 +20,12 @@ void ask_user_name(Session& session);
 bool lock_student_folder(Session& session);
 
 // The start of a run, before the languages are listed: checks that the sound library is there
-// (if not, says so and returns false, doing nothing more), starts it (a failure is said, and the
-// run goes on without sound), asks the student's name, locks the student's folder (another copy
-// open for the same student is said, and false returned, before any of the student's files is
-// touched), removes the rewrites a killed run left in the program folder and sets
-// languages_folder.
-bool start_up(Session& session);
+// (if not, returns false with error saying so, doing nothing more), starts it (a failure is said
+// in a message box, and the run goes on without sound), asks the student's name, locks the
+// student's folder (another copy open for the same student gives false with error saying so,
+// before any of the student's files is touched), removes the rewrites a killed run left in the
+// program folder and sets languages_folder.
+bool start_up(Session& session, QString* error);
 
 // The installed languages, in the order the folder lists them.
 QStringList installed_languages(const Session& session);

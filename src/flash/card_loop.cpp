@@ -19,8 +19,6 @@
 #include <QPointer>
 #include <QScopeGuard>
 
-#include <stdexcept>
-
 namespace quorvane {
 
 namespace {
@@ -107,6 +105,9 @@ public:
         }
     }
 
+    // Why the run ended early ("" when it did not).
+    const QString& error() const { return m_error; }
+
 private:
     enum class Step { go, nextCard, end };
 
@@ -171,10 +172,14 @@ private:
 
     QString currentSoundNumber() const { return m_session.sound_numbers.value(m_session.current_index); }
 
-    void sayTranslation()
+    // False, with error set, when the card's sound number names no translation.
+    bool sayTranslation()
     {
-        say_word(m_session, card_translation(m_session, currentSoundNumber()), m_session.target_language,
-                 m_session.translations.value(m_session.current_index));
+        const auto number = card_translation(m_session, currentSoundNumber(), &m_error);
+        if (!number)
+            return false;
+        say_word(m_session, *number, m_session.target_language, m_session.translations.value(m_session.current_index));
+        return true;
     }
 
     Step playCard(int count)
@@ -202,7 +207,8 @@ private:
             wait_seconds(s, kTranslationWait);
             if (const Step step = check(); step != Step::go)
                 return afterCard(step);
-            sayTranslation();
+            if (!sayTranslation())
+                return Step::end;
         }
         if (!m_rules.large)
             wait_seconds(s, kTranslationWait);
@@ -227,7 +233,8 @@ private:
             if (play != s.repeat_count && s.say_mode == kInterlace && interlaceCounter == s.interlace_count) {
                 interlaceCounter = 0;
                 wait_seconds(s, m_rules.playWait);
-                sayTranslation();
+                if (!sayTranslation())
+                    return Step::end;
                 if (const Step step = check(); step != Step::go)
                     return afterCard(step);
             }
@@ -241,11 +248,13 @@ private:
     const Rules m_rules;
     // Words whose card has begun in this run.
     int m_wordsPlayed = 0;
+    // Why the run ended early, when a card could not be played.
+    QString m_error;
 };
 
 } // namespace
 
-void play_cards(Session& session, CardView& view, QObject* viewObject, CardStyle kind)
+bool play_cards(Session& session, CardView& view, QObject* viewObject, CardStyle kind, QString* error)
 {
     // missing_sound_count is 0 when the run ends, by return or by exception.
     const auto reset = qScopeGuard([&session] { session.missing_sound_count = 0; });
@@ -254,9 +263,15 @@ void play_cards(Session& session, CardView& view, QObject* viewObject, CardStyle
         if (guard)
             view.showRunning(false);
     });
-    CardRun(session, view, viewObject, kind).run();
+    CardRun run(session, view, viewObject, kind);
+    run.run();
     // However the run ended, out_file.mp3 holds what was captured so far.
     finish_mp3_capture(session, captureTag(session));
+    if (run.error().isEmpty())
+        return true;
+    if (error)
+        *error = run.error();
+    return false;
 }
 
 int card_points(const QString& word, const QString& translation)
@@ -282,14 +297,14 @@ void draw_card(Session& session, int count)
     session.current_index = index;
 }
 
-QString card_translation(const Session& session, const QString& soundNumber)
+std::optional<QString> card_translation(const Session& session, const QString& soundNumber, QString* error)
 {
     if (soundNumber.isEmpty())
-        return {};
+        return QString();
     const auto number = translation_sound_number(session, soundNumber);
-    if (!number)
-        throw std::out_of_range(flash_texts::badSoundNumber(soundNumber).toLocal8Bit().toStdString());
-    return *number;
+    if (!number && error)
+        *error = flash_texts::badSoundNumber(soundNumber);
+    return number;
 }
 
 } // namespace quorvane

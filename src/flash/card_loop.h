@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <optional>
+
 class QObject;
 
 namespace quorvane {
@@ -47,8 +49,9 @@ public:
 // destroyed (viewObject is watched for that), or the list has fewer than two words. Runs inside
 // the calling handler and yields only inside its waits and sounds, so other handlers run between
 // its steps and talk to it through the session's flags. missing_sound_count is 0 afterwards,
-// however the run ends.
-void play_cards(Session& session, CardView& view, QObject* viewObject, CardStyle kind);
+// however the run ends. False, with error naming the sound number, when a card's sound number
+// names no translation: the run ends there.
+bool play_cards(Session& session, CardView& view, QObject* viewObject, CardStyle kind, QString* error);
 
 // The point size of a card's two texts: 48 when both are shorter than 20 characters, 24 when both
 // are shorter than 76, otherwise 12.
@@ -59,8 +62,8 @@ int card_points(const QString& word, const QString& translation);
 // previous one. The clock moves on between draws, since the generator follows the timer.
 void draw_card(Session& session, int count);
 
-// The translation's sound number of a card: empty for an empty sound number. Throws
-// std::out_of_range for one that names no slot of the pairing table.
-QString card_translation(const Session& session, const QString& soundNumber);
+// The translation's sound number of a card: empty for an empty sound number. Nothing, with error
+// naming the sound number, for one that names no slot of the pairing table.
+std::optional<QString> card_translation(const Session& session, const QString& soundNumber, QString* error);
 
 } // namespace quorvane

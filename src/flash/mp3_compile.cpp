@@ -142,6 +142,19 @@ void create_mp3(Session& session)
 void auto_mp3(Session& session, const Mp3Progress& progress)
 {
     Prompts& prompts = session.prompts;
+    const int count = session.wordCount();
+    // A sound number that names no translation is told before anything is asked or written.
+    QString error;
+    QStringList translationNumbers;
+    translationNumbers.reserve(count);
+    for (int i = 0; i < count; ++i) {
+        const auto number = card_translation(session, session.sound_numbers.value(i), &error);
+        if (!number) {
+            prompts.message(error);
+            return;
+        }
+        translationNumbers.append(*number);
+    }
     if (!prompts.okCancel(flash_texts::kAutoMp3Confirm)) {
         prompts.message(flash_texts::kCancelled);
         return;
@@ -164,12 +177,10 @@ void auto_mp3(Session& session, const Mp3Progress& progress)
     PieceCache cache;
     const QByteArray* silence = cache.bytes(paths::silenceFile());
     const QByteArray* beep = cache.bytes(paths::beepFile());
-    const int count = session.wordCount();
     // A stop (the cards paused, the window closed) arrives while the compilation lets events
     // through; a stop already in force when it began is the paused cards' and is not its own.
     const bool stoppable = session.stop_flag != flags::kYes;
     OutputFile output;
-    QString error;
     int done = 0;
     // Finishes the file being filled, tagged with the words it holds (done is one past the last of
     // them), and lists it, in order, for the playlist.
@@ -204,7 +215,7 @@ void auto_mp3(Session& session, const Mp3Progress& progress)
         }
         const QString soundNumber = session.sound_numbers.value(done);
         const QByteArray* word = cache.bytes(recording_path(session, soundNumber, session.current_language));
-        const QString translationNumber = card_translation(session, soundNumber);
+        const QString& translationNumber = translationNumbers.at(done);
         const QByteArray* translation =
             cache.bytes(recording_path(session, translationNumber, session.target_language));
         // Words without a recording are spoken, so the player's files have no holes.

@@ -29,7 +29,8 @@ using Mp3Progress = std::function<void(const QString& text)>;
 // that cannot be written is said after the rest). Ends with the count of files, or with "Action
 // has been cancelled". Events are let through after every word: a stop_flag set meanwhile (not one already
 // set when it began) ends it with the words done so far written and a message saying so. A file
-// that cannot be written ends it with a message naming the file; the files before it stay.
+// that cannot be written ends it with a message naming the file; the files before it stay. A sound
+// number that names no translation is told before anything is asked or written.
 void auto_mp3(Session& session, const Mp3Progress& progress);
 
 // The released recording of a sound number in a language (empty sound number: a path that

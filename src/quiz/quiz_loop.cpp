@@ -83,25 +83,30 @@ public:
 private:
     bool gone() const { return m_watch.gone(); }
 
+    // A source that cannot be read is said here; the empty source that follows is said by the set-up.
     void loadSource()
     {
         Session& s = m_session;
+        QString error;
+        bool read = true;
         switch (m_view.sourceRow()) {
         case 0:
-            create_array_of_words(s, s.list_file);
+            read = create_array_of_words(s, s.list_file, &error);
             m_state.list_label = s.current_list;
             break;
         case 1:
-            create_array_of_words(s, s.unknown_file);
+            read = create_array_of_words(s, s.unknown_file, &error);
             m_state.list_label = quiz_texts::unknownsOnly(s.current_list);
             break;
         case 2:
-            create_array_of_words(s, s.master_file);
+            read = create_array_of_words(s, s.master_file, &error);
             m_state.list_label = quiz_texts::kMasterSource;
             break;
         default:
             break;
         }
+        if (!read)
+            s.prompts.message(error);
     }
 
     void choosePresentation()

@@ -3,9 +3,10 @@
 #include "core/session.h"
 #include "store/paths.h"
 #include "store/text_files.h"
+#include "store/texts.h"
 
 #include <QDate>
-#include <QFile>
+#include <QFileInfo>
 #include <QLocale>
 
 namespace quorvane {
@@ -25,12 +26,19 @@ bool append_test_result(const QString& line, QString* error)
     return appendTextLines(paths::testResultsFile(), {line}, error);
 }
 
-std::optional<QString> read_test_results()
+std::optional<QString> read_test_results(QString* error)
 {
-    QFile file(paths::testResultsFile());
-    if (!file.open(QIODevice::ReadOnly))
+    const QString path = paths::testResultsFile();
+    if (!QFileInfo::exists(path))
         return std::nullopt;
-    return decodeWindows1252(file.readAll());
+    QString cause;
+    const std::optional<QByteArray> bytes = readFileBytes(path, &cause);
+    if (!bytes) {
+        if (error)
+            *error = store_texts::fileNotRead(path, cause);
+        return std::nullopt;
+    }
+    return decodeWindows1252(*bytes);
 }
 
 QString read_student_record(const QString& userName)

@@ -14,8 +14,9 @@ class Session;
 // missing. The file is only ever appended to. False, with error set, when it cannot be written.
 bool append_test_result(const QString& line, QString* error);
 
-// The whole of test_results.txt as one text; nothing when there is none yet.
-std::optional<QString> read_test_results();
+// The whole of test_results.txt as one text; nothing when there is none yet, or when it cannot be
+// read (error then names it and the cause).
+std::optional<QString> read_test_results(QString* error = nullptr);
 
 // A student's own record, users/<name>_test.txt: each line followed by CR LF; "" when there is none.
 QString read_student_record(const QString& userName);

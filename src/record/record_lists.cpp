@@ -10,8 +10,6 @@
 
 #include <QFileInfo>
 
-#include <stdexcept>
-
 namespace quorvane {
 
 namespace {
@@ -50,11 +48,15 @@ bool has_sound_file(const Session& session, const QString& soundNumber)
            QFileInfo::exists(paths::releasedRecording(folder, language, soundNumber));
 }
 
-RecordLists create_arrays(const Session& session)
+std::optional<RecordLists> create_arrays(const Session& session, QString* error)
 {
-    const std::optional<QStringList> lines = readTextLines(session.list_file);
-    if (!lines)
-        throw std::runtime_error(QStringLiteral("File not found: %1").arg(session.list_file).toStdString());
+    QString cause;
+    const std::optional<QStringList> lines = readTextLines(session.list_file, &cause);
+    if (!lines) {
+        if (error)
+            *error = store_texts::fileNotRead(session.list_file, cause);
+        return std::nullopt;
+    }
     RecordLists lists;
     for (const QString& line : *lines) {
         WordEntry entry;

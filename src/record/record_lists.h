@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 namespace quorvane {
 
 class Session;
@@ -39,8 +41,9 @@ bool has_sound_file(const Session& session, const QString& soundNumber);
 // The entries of list_file split by whether they have a recording; entries without a sound number
 // are in neither. The labels count the rows. When no entry has a recording the with-arrays are
 // still sized for one row, and so are the without-arrays if they are empty too (the without-arrays
-// are never raised on their own). Throws TableLimitError for more than 20001 entries of one kind.
-RecordLists create_arrays(const Session& session);
+// are never raised on their own). Nothing, with error naming the list file and the cause, when it
+// cannot be read. Throws TableLimitError for more than 20001 entries of one kind.
+std::optional<RecordLists> create_arrays(const Session& session, QString* error);
 
 // The single entry at one_word_index of the main window's word arrays, in the list it belongs
 // to; the labels carry no counts.

@@ -101,17 +101,18 @@ void log_grade(Session& session, int index, int grade, const QString& source)
         session.prompts.message(review_texts::logNotWritten(review_log_path(session), error));
 }
 
-MoveRecord::MoveRecord(Session& session, int index, const QString& targetFile) : m_path(review_log_path(session))
+MoveRecord::MoveRecord(Session& session, int index, const QString& targetFile, QString* error)
+    : m_path(review_log_path(session))
 {
     const bool toKnown = targetFile == session.known_file;
     const std::optional<QString> line = entryLine(session, index, toKnown ? easy : again, kSourceMove);
     if (!line)
         return;
-    QString error;
-    m_appended = appendTextLines(m_path, {*line}, &error, &m_previousLength);
+    QString cause;
+    m_appended = appendTextLines(m_path, {*line}, &cause, &m_previousLength);
     m_written = m_appended;
-    if (!m_written)
-        session.prompts.message(review_texts::moveNotLogged(session.words.at(index), targetFile, m_path, error));
+    if (!m_written && error)
+        *error = review_texts::moveNotLogged(session.words.at(index), targetFile, m_path, cause);
 }
 
 MoveRecord::~MoveRecord()

@@ -47,11 +47,11 @@ void log_grade(Session& session, int index, int grade, const QString& source);
 // The log line of a move of entry index to targetFile: easy for the known file, again for the
 // unknown file. It is appended before the move changes a file and cut off again when the object
 // goes without keep(), so a move and its line are in the files together or not at all. When the
-// line cannot be written the move must not go on: the box says the word was not moved, and why.
+// line cannot be written the move must not go on: error says the word was not moved, and why.
 class MoveRecord
 {
 public:
-    MoveRecord(Session& session, int index, const QString& targetFile);
+    MoveRecord(Session& session, int index, const QString& targetFile, QString* error = nullptr);
     ~MoveRecord();
     MoveRecord(const MoveRecord&) = delete;
     MoveRecord& operator=(const MoveRecord&) = delete;

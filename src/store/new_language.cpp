@@ -115,18 +115,18 @@ public:
         return true;
     }
 
-    // Marks the build complete and moves it into place, language last; false, with the message
-    // shown, when that fails (a target folder moved already is removed again).
-    bool place(Prompts& prompts, const QString& language)
+    // Marks the build complete and moves it into place, language last; false, with error naming
+    // what was not made, when that fails (a target folder moved already is removed again).
+    bool place(const QString& language, QString* error)
     {
-        QString error;
+        QString cause;
         QString failed = m_staging + kCompleteMarker;
         QStringList moved;
-        if (!writeTextLines(failed, {language}, &error) ||
-            !moveIntoPlace(m_staging, m_languages, &moved, &failed, &error)) {
+        if (!writeTextLines(failed, {language}, &cause) ||
+            !moveIntoPlace(m_staging, m_languages, &moved, &failed, &cause)) {
             for (const QString& folder : moved)
                 QDir(folder).removeRecursively();
-            prompts.message(store_texts::notMade(failed, error));
+            *error = store_texts::notMade(failed, cause);
             return false;
         }
         return true;
@@ -137,23 +137,23 @@ private:
     QString m_staging;
 };
 
-// Writes lines to a new file of a new language built in staged, to be moved to folder; a failure
-// is said, naming the file where it was to be.
-bool writeNew(Prompts& prompts, const QString& staged, const QString& folder, const QString& name,
-              const QStringList& lines)
+// Writes lines to a new file of a new language built in staged, to be moved to folder; false, with
+// error naming the file where it was to be, on failure.
+bool writeNew(const QString& staged, const QString& folder, const QString& name, const QStringList& lines,
+              QString* error)
 {
-    QString error;
-    if (writeTextLines(staged + name, lines, &error))
+    QString cause;
+    if (writeTextLines(staged + name, lines, &cause))
         return true;
-    prompts.message(store_texts::notMade(folder + name, error));
+    *error = store_texts::notMade(folder + name, cause);
     return false;
 }
 
 // Turns every word file of the target's folder into a list of the new language, each line kept up
 // to its first "|" followed by "|" and its sound number, and writes the identity pairing of every
-// sound number met. False when something could not be read or made (said in a message).
-bool copyTargetLists(Prompts& prompts, const QString& languages, const QString& staged, const QString& name,
-                     const QString& target)
+// sound number met. False, with error set, when something could not be read or made.
+bool copyTargetLists(const QString& languages, const QString& staged, const QString& name, const QString& target,
+                     QString* error)
 {
     const QString targetFolder = paths::languageFolder(languages, target);
     const QString newFolder = paths::languageFolder(languages, name);
@@ -165,7 +165,7 @@ bool copyTargetLists(Prompts& prompts, const QString& languages, const QString& 
         const QString copy = QString(entry).replace(paths::masterName(target), paths::masterName(name));
         QFile source(targetFolder + entry);
         if (!source.open(QIODevice::ReadOnly)) {
-            prompts.message(store_texts::notMade(newFolder + copy, source.errorString()));
+            *error = store_texts::notMade(newFolder + copy, source.errorString());
             return false;
         }
         QStringList lines;
@@ -176,16 +176,16 @@ bool copyTargetLists(Prompts& prompts, const QString& languages, const QString& 
             lines.append(line.left(line.indexOf(u'|') + 1) + u'|' + soundNumber);
             pairs.append(soundNumber + u'|' + soundNumber);
         }
-        if (!writeNew(prompts, staged, newFolder, copy, lines))
+        if (!writeNew(staged, newFolder, copy, lines, error))
             return false;
     }
-    return writeNew(prompts, staged, newFolder, QFileInfo(paths::transIndexFile(languages, name, target)).fileName(),
-                    pairs);
+    return writeNew(staged, newFolder, QFileInfo(paths::transIndexFile(languages, name, target)).fileName(), pairs,
+                    error);
 }
 
 } // namespace
 
-bool new_language(Session& session)
+bool new_language(Session& session, QString* error)
 {
     Prompts& prompts = session.prompts;
     const QString& languages = session.languages_folder;
@@ -194,53 +194,53 @@ bool new_language(Session& session)
         return false;
     const QString folder = languages + name;
     if (QFileInfo::exists(folder)) {
-        prompts.message(store_texts::kLanguageExists);
+        *error = store_texts::kLanguageExists;
         return false;
     }
     StagedLanguage staged(languages);
-    QString error;
-    if (!staged.make(name, &error)) {
-        prompts.message(store_texts::notMade(folder, error));
+    QString cause;
+    if (!staged.make(name, &cause)) {
+        *error = store_texts::notMade(folder, cause);
         return false;
     }
 
     const QString target = prompts.input(store_texts::kTargetPrompt, store_texts::kTargetTitle).toLower();
     if (target.isEmpty()) {
         // Kept so: the new folder stays, without a trans file.
-        staged.place(prompts, name);
+        staged.place(name, error);
         return false;
     }
     const QString targetFolder = languages + target;
     if (holdsSeparator(target)) {
-        prompts.message(store_texts::notMade(targetFolder, store_texts::kNameHoldsSeparator));
+        *error = store_texts::notMade(targetFolder, store_texts::kNameHoldsSeparator);
         return false;
     }
     const QString newFolder = paths::languageFolder(languages, name);
     if (!QFileInfo::exists(targetFolder)) {
         prompts.message(store_texts::kTargetNotFound);
-        if (!staged.make(target, &error)) {
-            prompts.message(store_texts::notMade(targetFolder, error));
+        if (!staged.make(target, &cause)) {
+            *error = store_texts::notMade(targetFolder, cause);
             return false;
         }
         // The pairing is recorded from the target's side too.
         const QString transFile = paths::transFile(languages, target);
-        if (!writeNew(prompts, staged.folder(target), paths::languageFolder(languages, target),
-                      QFileInfo(transFile).fileName(), {name}))
+        if (!writeNew(staged.folder(target), paths::languageFolder(languages, target), QFileInfo(transFile).fileName(),
+                      {name}, error))
             return false;
     } else {
         prompts.message(store_texts::kTargetFound);
-        if (!copyTargetLists(prompts, languages, staged.folder(name), name, target))
+        if (!copyTargetLists(languages, staged.folder(name), name, target, error))
             return false;
     }
-    if (!writeNew(prompts, staged.folder(name), newFolder, QFileInfo(paths::transFile(languages, name)).fileName(),
-                  {target}))
+    if (!writeNew(staged.folder(name), newFolder, QFileInfo(paths::transFile(languages, name)).fileName(), {target},
+                  error))
         return false;
     // A name the voice table knows gets its voice file, so its words are spoken before any recording.
     if (const QString voice = table_voice(name);
         !voice.isEmpty() &&
-        !writeNew(prompts, staged.folder(name), newFolder, QFileInfo(voice_file(languages, name)).fileName(), {voice}))
+        !writeNew(staged.folder(name), newFolder, QFileInfo(voice_file(languages, name)).fileName(), {voice}, error))
         return false;
-    return staged.place(prompts, name);
+    return staged.place(name, error);
 }
 
 void sweep_new_languages(const QString& languagesFolder)
@@ -260,12 +260,12 @@ void sweep_new_languages(const QString& languagesFolder)
     }
 }
 
-bool add_list(Session& session)
+bool add_list(Session& session, QString* error)
 {
     Prompts& prompts = session.prompts;
     const QString& language = session.current_language;
     if (language.isEmpty()) {
-        prompts.message(store_texts::kSelectLanguageFirst);
+        *error = store_texts::kSelectLanguageFirst;
         return false;
     }
     QString name = prompts.input(store_texts::newListPrompt(language), store_texts::kNewListTitle);
@@ -274,17 +274,17 @@ bool add_list(Session& session)
     name.replace(u' ', u'_');
     const QString path = paths::listFile(session.languages_folder, language, name);
     if (QFileInfo::exists(path)) {
-        prompts.message(store_texts::kListExists);
+        *error = store_texts::kListExists;
         return false;
     }
     if (holdsSeparator(name)) {
-        prompts.message(store_texts::notMade(path, store_texts::kNameHoldsSeparator));
+        *error = store_texts::notMade(path, store_texts::kNameHoldsSeparator);
         return false;
     }
     // Written whole or not at all.
-    QString error;
-    if (!writeTextLines(path, {store_texts::newListHeader(language)}, &error)) {
-        prompts.message(store_texts::notMade(path, error));
+    QString cause;
+    if (!writeTextLines(path, {store_texts::newListHeader(language)}, &cause)) {
+        *error = store_texts::notMade(path, cause);
         return false;
     }
     prompts.message(name);

@@ -1,7 +1,6 @@
 #include "store/search.h"
 
 #include "core/accents.h"
-#include "core/prompts.h"
 #include "core/session.h"
 #include "core/table_limit.h"
 #include "store/file_lock.h"
@@ -183,19 +182,18 @@ std::optional<WordArrays> search_master(const QString& path, int field, const QS
     return found;
 }
 
-bool search_master_list(Session& session, int field, const QString& text, MasterCache& cache)
+bool search_master_list(Session& session, int field, const QString& text, MasterCache& cache, QString* error)
 {
     if (text.size() < 2 || (field != 0 && field != 1))
         return false;
     if (!QFileInfo::exists(session.master_file)) {
-        session.prompts.message(
-            store_texts::masterNotFound(session.languages_folder, QDir::separator(), session.current_language));
+        *error = store_texts::masterNotFound(session.languages_folder, QDir::separator(), session.current_language);
         return false;
     }
-    QString error;
-    std::optional<WordArrays> found = search_master(session.master_file, field, text, cache, &error);
+    QString cause;
+    std::optional<WordArrays> found = search_master(session.master_file, field, text, cache, &cause);
     if (!found) {
-        session.prompts.message(store_texts::notReadable(session.master_file, error));
+        *error = store_texts::notReadable(session.master_file, cause);
         return false;
     }
     session.words = std::move(found->words);
@@ -233,56 +231,49 @@ QStringList pair_masters(const QStringList& master, const QStringList& target)
     return pairs;
 }
 
-std::optional<int> create_trans_index(Session& session)
+std::optional<int> create_trans_index(Session& session, QString* error)
 {
-    if (!QFileInfo::exists(session.master_file) || session.target_master_file.isEmpty() ||
-        !QFileInfo::exists(session.target_master_file)) {
-        session.prompts.message(store_texts::kPairingMasterNotFound);
+    const auto fail = [error](const QString& text) -> std::optional<int> {
+        *error = text;
         return std::nullopt;
-    }
+    };
+    if (!QFileInfo::exists(session.master_file) || session.target_master_file.isEmpty() ||
+        !QFileInfo::exists(session.target_master_file))
+        return fail(store_texts::kPairingMasterNotFound);
     // Held from the reads of the masters to the rename of the pairing file: another copy of the
     // program changing a master meanwhile waits.
     FileLock lock(paths::languageLockFile(session.languages_folder, session.current_language));
-    QString error;
-    if (!lock.acquire(&error)) {
-        session.prompts.message(error);
-        return std::nullopt;
-    }
-    const auto target = readTextLines(session.target_master_file, &error);
-    if (!target) {
-        session.prompts.message(store_texts::fileNotRead(session.target_master_file, error));
-        return std::nullopt;
-    }
+    QString cause;
+    if (!lock.acquire(&cause))
+        return fail(cause);
+    const auto target = readTextLines(session.target_master_file, &cause);
+    if (!target)
+        return fail(store_texts::fileNotRead(session.target_master_file, cause));
     if (target->size() > kMaxTargetLines)
         throw TableLimitError(store_texts::tooManyTargetLines(session.target_master_file, kMaxTargetLines));
-    const auto master = readTextLines(session.master_file, &error);
-    if (!master) {
-        session.prompts.message(store_texts::fileNotRead(session.master_file, error));
-        return std::nullopt;
-    }
+    const auto master = readTextLines(session.master_file, &cause);
+    if (!master)
+        return fail(store_texts::fileNotRead(session.master_file, cause));
     const QStringList pairs = pair_masters(*master, *target);
-    if (!writeTextLines(session.trans_index_file, pairs, &error)) {
-        session.prompts.message(store_texts::pairingNotWritten(session.trans_index_file, error));
-        return std::nullopt;
-    }
+    if (!writeTextLines(session.trans_index_file, pairs, &cause))
+        return fail(store_texts::pairingNotWritten(session.trans_index_file, cause));
     return static_cast<int>(pairs.size());
 }
 
-void pair_recordings(Session& session)
+std::optional<int> pair_recordings(Session& session, QString* error)
 {
     if (session.current_language.isEmpty()) {
-        session.prompts.message(store_texts::kSelectLanguageFirst);
-        return;
+        *error = store_texts::kSelectLanguageFirst;
+        return std::nullopt;
     }
     if (!QFileInfo::exists(session.trans_file)) {
-        session.prompts.message(store_texts::pairingNoTarget(session.current_language, session.trans_file));
-        return;
+        *error = store_texts::pairingNoTarget(session.current_language, session.trans_file);
+        return std::nullopt;
     }
-    if (const auto pairs = create_trans_index(session)) {
-        load_trans_index(session.trans_index_file, session.target_sound_numbers);
-        session.prompts.message(store_texts::pairingWritten(*pairs, session.current_language, session.target_language,
-                                                            session.trans_index_file));
-    }
+    const auto pairs = create_trans_index(session, error);
+    if (pairs && !load_trans_index(session.trans_index_file, session.target_sound_numbers, error))
+        return std::nullopt;
+    return pairs;
 }
 
 } // namespace quorvane

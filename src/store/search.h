@@ -61,9 +61,10 @@ std::optional<WordArrays> search_master(const QString& path, int field, const QS
 
 // The search of the main window: fills the word arrays with the entries of the current
 // language's master that match text, leaving shown_file and current_list as they were. True when
-// the arrays were replaced (the caller shows them); a missing master is said in a message. Throws
+// the arrays were replaced (the caller shows them); a master that is missing or cannot be read gives
+// false with error saying so (a text too short gives false and leaves error alone). Throws
 // TableLimitError as search_master does, with the arrays unchanged.
-bool search_master_list(Session& session, int field, const QString& text, MasterCache& cache);
+bool search_master_list(Session& session, int field, const QString& text, MasterCache& cache, QString* error);
 
 // The pairing key of a translation: the part before its first comma, every "to " removed, blanks
 // kept.
@@ -76,15 +77,16 @@ QString pairing_key(const QString& translation);
 QStringList pair_masters(const QStringList& master, const QStringList& target);
 
 // Writes trans_index_file anew from master_file and target_master_file. The number of pairs
-// written; nothing when a master is missing or the index cannot be written (both said in a
-// message). Throws TableLimitError, before writing, for a target master of more than
-// kMaxTargetLines lines.
-std::optional<int> create_trans_index(Session& session);
+// written; nothing, with error saying why, when a master is missing or cannot be read, or the
+// index cannot be written. Throws TableLimitError, before writing, for a target master of more
+// than kMaxTargetLines lines.
+std::optional<int> create_trans_index(Session& session, QString* error);
 
-// The pairing as contributors ask for it: refused, with a message, before a language is chosen or
-// when the current language has no trans file of its own (its target is then the previous
-// language's, whose index must not be overwritten); otherwise create_trans_index, the new pairs
-// loaded into the pairing table at once, and a message saying how many were written.
-void pair_recordings(Session& session);
+// The pairing as contributors ask for it: refused (nothing, with error saying why) before a
+// language is chosen or when the current language has no trans file of its own (its target is then
+// the previous language's, whose index must not be overwritten); otherwise create_trans_index, and
+// the new pairs loaded into the pairing table at once. The number of pairs written, for the caller
+// to tell.
+std::optional<int> pair_recordings(Session& session, QString* error);
 
 } // namespace quorvane

@@ -1,7 +1,6 @@
 #include "store/word_files.h"
 
 #include "core/basic.h"
-#include "core/prompts.h"
 #include "core/session.h"
 #include "core/table_limit.h"
 #include "store/paths.h"
@@ -229,15 +228,13 @@ bool make_unknowns_file(const ListFiles& files, QString* error)
     return false;
 }
 
-void generate_unknowns_file(Session& session)
+bool generate_unknowns_file(Session& session, QString* error)
 {
     const ListFiles files = list_files_of(session, session.current_list);
     session.list_file = files.list_file;
     session.known_file = files.known_file;
     session.unknown_file = files.unknown_file;
-    QString error;
-    if (!make_unknowns_file(files, &error))
-        session.prompts.message(error);
+    return make_unknowns_file(files, error);
 }
 
 std::optional<WordArrays> read_word_file(const QString& path, QString* error, const WordArrays& previous)
@@ -248,13 +245,13 @@ std::optional<WordArrays> read_word_file(const QString& path, QString* error, co
     return parseWordArrays(*bytes, path, previous);
 }
 
-bool create_array_of_words(Session& session, const QString& path)
+bool create_array_of_words(Session& session, const QString& path, QString* error)
 {
-    QString error;
+    QString cause;
     std::optional<WordArrays> arrays =
-        read_word_file(path, &error, WordArrays{session.words, session.translations, session.sound_numbers});
-    if (!arrays)
-        session.prompts.message(store_texts::fileNotRead(path, error));
+        read_word_file(path, &cause, WordArrays{session.words, session.translations, session.sound_numbers});
+    if (!arrays && error)
+        *error = store_texts::fileNotRead(path, cause);
     WordArrays read = arrays ? std::move(*arrays) : WordArrays();
     session.words = std::move(read.words);
     session.translations = std::move(read.translations);
@@ -286,14 +283,14 @@ int pairingSlot(const char* from, const char* to)
 
 } // namespace
 
-void load_trans_index(const QString& path, QStringList& table)
+bool load_trans_index(const QString& path, QStringList& table, QString* error)
 {
     // The file is read a line at a time into a copy of the table (its slots, not their texts), so a
     // pairing file of any length takes no more memory than the table, and the table is untouched
     // when a line is refused.
     QStringList paired = table;
     int lineNumber = 0;
-    const bool read = forEachLine(path, [&](const QByteArray& line) {
+    const auto take = [&](const QByteArray& line) {
         ++lineNumber;
         const char* const begin = line.constData();
         const char* const end = begin + line.size();
@@ -303,9 +300,15 @@ void load_trans_index(const QString& path, QStringList& table)
             throw TableLimitError(store_texts::badPairingLine(path, lineNumber, kMaxSoundNumber));
         const char* const second = std::find(bar + 1, end, '|');
         paired[slot] = decodeWindows1252(QByteArray::fromRawData(bar + 1, second - bar - 1));
-    });
-    if (read)
-        table = std::move(paired);
+    };
+    QString cause;
+    if (!forEachLine(path, take, &cause)) {
+        if (error)
+            *error = store_texts::fileNotRead(path, cause);
+        return false;
+    }
+    table = std::move(paired);
+    return true;
 }
 
 std::optional<QString> translation_sound_number(const Session& session, const QString& soundNumber)

@@ -48,8 +48,8 @@ ListFiles list_files_of(const Session& session, const QString& list);
 bool make_unknowns_file(const ListFiles& files, QString* error);
 
 // Sets list_file, known_file and unknown_file for current_language and current_list and makes the
-// unknown file as make_unknowns_file does; a failure is said in a message box.
-void generate_unknowns_file(Session& session);
+// unknown file as make_unknowns_file does; false, with error set as it sets it, on failure.
+bool generate_unknowns_file(Session& session, QString* error);
 
 // The entries of a word file, or nothing with error set to the cause when it cannot be read.
 // Throws TableLimitError for a file of more than kMaxWordEntries entries. Strings equal to those of
@@ -57,15 +57,16 @@ void generate_unknowns_file(Session& session);
 std::optional<WordArrays> read_word_file(const QString& path, QString* error, const WordArrays& previous = {});
 
 // Fills words, translations and sound_numbers with the entries of a word file, the last slot
-// empty, and words_file with its path. A file that cannot be read is said in a message box, naming
-// it, and gives no entries (false). Throws TableLimitError, leaving the arrays as they were, for a
+// empty, and words_file with its path. A file that cannot be read gives no entries (false), with
+// error naming it and the cause. Throws TableLimitError, leaving the arrays as they were, for a
 // file of more than kMaxWordEntries entries.
-bool create_array_of_words(Session& session, const QString& path);
+bool create_array_of_words(Session& session, const QString& path, QString* error = nullptr);
 
 // Reads a pairing file into the table, line by line: the second field goes to the slot named
 // by the first. Slots the file does not name keep their text. Throws TableLimitError, with the
-// table untouched, for a line that names no slot or has no second field.
-void load_trans_index(const QString& path, QStringList& table);
+// table untouched, for a line that names no slot or has no second field. A file that cannot be read
+// leaves the table untouched and gives false, with error naming it and the cause.
+bool load_trans_index(const QString& path, QStringList& table, QString* error = nullptr);
 
 // The translation language's sound number paired with a sound number of the current language
 // ("" where the table holds none); nothing for a sound number that names no slot of the table.

@@ -1,6 +1,5 @@
 #include "store/word_moves.h"
 
-#include "core/prompts.h"
 #include "core/session.h"
 #include "review/review_log.h"
 #include "store/text_files.h"
@@ -42,8 +41,13 @@ QStringList entriesExcept(const WordArrays& arrays, qsizetype index)
 
 } // namespace
 
-bool move_word(Session& session, const QString& targetFile, const QString& sourceFile, int index)
+bool move_word(Session& session, const QString& targetFile, const QString& sourceFile, int index, QString* error)
 {
+    const auto fail = [error](const QString& text) {
+        if (error)
+            *error = text;
+        return false;
+    };
     // Rows of an empty selection (-1) or past the arrays name no entry.
     if (index < 0 || index >= session.words.size())
         return false;
@@ -52,41 +56,31 @@ bool move_word(Session& session, const QString& targetFile, const QString& sourc
     if (session.words_file == session.shown_file && !session.shown_file.isEmpty() && sourceFile != session.shown_file)
         return false;
     const WordEntry entry{session.words.at(index), session.translations.at(index), session.sound_numbers.at(index)};
-    if (sourceFile.isEmpty()) {
-        session.prompts.message(store_texts::noListToMoveIn(entry.word));
-        return false;
-    }
-    QString error;
+    if (sourceFile.isEmpty())
+        return fail(store_texts::noListToMoveIn(entry.word));
+    QString cause;
     // The arrays' strings are shared with the entries of the file that are still equal to them.
     std::optional<WordArrays> source =
-        read_word_file(sourceFile, &error, WordArrays{session.words, session.translations, session.sound_numbers});
-    if (!source) {
-        session.prompts.message(store_texts::sourceNotRead(sourceFile, error));
-        return false;
-    }
+        read_word_file(sourceFile, &cause, WordArrays{session.words, session.translations, session.sound_numbers});
+    if (!source)
+        return fail(store_texts::sourceNotRead(sourceFile, cause));
     const qsizetype at = findEntry(*source, entry, index);
-    if (at < 0) {
-        session.prompts.message(store_texts::wordNotInFile(entry.word, sourceFile));
-        return false;
-    }
+    if (at < 0)
+        return fail(store_texts::wordNotInFile(entry.word, sourceFile));
     // The target gains the entry before the source loses it, and the source is replaced in one
     // rename: at every moment the entry is in at least one of the two files.
     // A failure leaves both files as they were.
-    review::MoveRecord record(session, index, targetFile);
+    review::MoveRecord record(session, index, targetFile, error);
     if (!record.written())
         return false;
     qint64 targetLength = -1;
-    if (!appendTextLines(targetFile, {joinEntry(entry.word, entry.translation, entry.sound_number)}, &error,
-                         &targetLength)) {
-        session.prompts.message(store_texts::targetNotWritten(targetFile, error));
-        return false;
-    }
-    if (!writeTextLines(sourceFile, entriesExcept(*source, at), &error)) {
+    if (!appendTextLines(targetFile, {joinEntry(entry.word, entry.translation, entry.sound_number)}, &cause,
+                         &targetLength))
+        return fail(store_texts::targetNotWritten(targetFile, cause));
+    if (!writeTextLines(sourceFile, entriesExcept(*source, at), &cause)) {
         if (restoreLength(targetFile, targetLength))
-            session.prompts.message(store_texts::sourceNotRewritten(sourceFile, error));
-        else
-            session.prompts.message(store_texts::sourceNotWritten(targetFile, sourceFile, error));
-        return false;
+            return fail(store_texts::sourceNotRewritten(sourceFile, cause));
+        return fail(store_texts::sourceNotWritten(targetFile, sourceFile, cause));
     }
     record.keep();
     if (session.words_file != sourceFile)
@@ -103,14 +97,14 @@ bool move_word(Session& session, const QString& targetFile, const QString& sourc
     return true;
 }
 
-bool move_to_known(Session& session, int index)
+bool move_to_known(Session& session, int index, QString* error)
 {
-    return move_word(session, session.known_file, session.unknown_file, index);
+    return move_word(session, session.known_file, session.unknown_file, index, error);
 }
 
-bool move_to_unknown(Session& session, int index)
+bool move_to_unknown(Session& session, int index, QString* error)
 {
-    return move_word(session, session.unknown_file, session.known_file, index);
+    return move_word(session, session.unknown_file, session.known_file, index, error);
 }
 
 } // namespace quorvane

@@ -13,12 +13,13 @@ class Session;
 // hold source_file they become what it holds now (what reading it again gives) and the main view
 // shows them: true then, false otherwise; arrays of anything else
 // (search results, a test's words) stay as they are. An entry the source does not hold, a source
-// that cannot be read and a failed write are said in a message, and change no file. Whenever the
-// process dies, every entry is in at least one file.
-// Nothing is done, and nothing said, when the arrays hold the shown file and that is not
+// that cannot be read and a failed write give false with error set to what the caller must tell,
+// and change no file. Whenever the process dies, every entry is in at least one file.
+// Nothing is done, and error left alone, when the arrays hold the shown file and that is not
 // source_file (a known list in the flash cards, and "Mark Word As Known"), or index names no entry.
-bool move_word(Session& session, const QString& targetFile, const QString& sourceFile, int index);
-bool move_to_known(Session& session, int index);
-bool move_to_unknown(Session& session, int index);
+bool move_word(Session& session, const QString& targetFile, const QString& sourceFile, int index,
+               QString* error = nullptr);
+bool move_to_known(Session& session, int index, QString* error = nullptr);
+bool move_to_unknown(Session& session, int index, QString* error = nullptr);
 
 } // namespace quorvane

@@ -266,8 +266,10 @@ void MainWindow::guarded(const std::function<void()>& handler)
 void MainWindow::form_load()
 {
     guarded([this] {
-        if (!start_up(*m_session))
+        if (QString error; !start_up(*m_session, &error)) {
+            m_session->prompts.message(error);
             return;
+        }
         lang_list->clear();
         lang_list->addItems(installed_languages(*m_session));
         words_list->clear();

@@ -3,6 +3,7 @@
 #include "app/selection.h"
 #include "app/texts.h"
 #include "core/flags.h"
+#include "core/prompts.h"
 #include "core/session.h"
 #include "sound/playback.h"
 #include "store/paths.h"
@@ -110,6 +111,8 @@ void MainWindow::lang_list_click()
         Label9->setVisible(true);
         lists_list->addItems(lists.lists);
         known_lists->addItems(lists.known_lists);
+        if (!lists.error.isEmpty())
+            m_session->prompts.message(lists.error);
         // The search boxes just shown are typed into next: their master is made ready meanwhile.
         if (QFileInfo::exists(m_session->master_file))
             m_masterCache.prepareAhead(m_session->master_file);
@@ -124,12 +127,18 @@ void MainWindow::refresh_known_list()
 
 void MainWindow::create_array_of_words(const QString& path)
 {
-    guarded([this, &path] { quorvane::create_array_of_words(*m_session, path); });
+    guarded([this, &path] {
+        if (QString error; !quorvane::create_array_of_words(*m_session, path, &error))
+            m_session->prompts.message(error);
+    });
 }
 
 void MainWindow::generate_unknowns_file()
 {
-    guarded([this] { quorvane::generate_unknowns_file(*m_session); });
+    guarded([this] {
+        if (QString error; !quorvane::generate_unknowns_file(*m_session, &error))
+            m_session->prompts.message(error);
+    });
 }
 
 void MainWindow::lists_list_click()
@@ -146,7 +155,10 @@ bool MainWindow::showList(ListBox* box, bool known)
 {
     Session& s = *m_session;
     // Opening a known list makes the list's unknown file too when it is missing.
-    const bool shown = choose_list(s, selectedText(box), known);
+    QString told;
+    const bool shown = choose_list(s, selectedText(box), known, &told);
+    if (!told.isEmpty())
+        s.prompts.message(told);
     // The boxes show the list from its top with nothing selected, as if cleared and filled; rows
     // whose text stays are kept.
     display_words();
@@ -223,13 +235,18 @@ void MainWindow::words_list_dblclick()
     guarded([this] {
         Session& s = *m_session;
         const int row = words_list->currentRow();
-        const bool fresh = s.shown_file.endsWith(paths::kKnownSuffix) ? move_to_unknown(s, row) : move_to_known(s, row);
+        QString error;
+        const bool fresh = s.shown_file.endsWith(paths::kKnownSuffix) ? move_to_unknown(s, row, &error)
+                                                                      : move_to_known(s, row, &error);
+        if (!error.isEmpty())
+            s.prompts.message(error);
         // A known file just made is listed now, one just emptied is removed.
         refresh_known_list();
         // Arrays of anything but the shown file (search results) stay, as do the rows showing them;
         // those of the shown file are read again unless the move has just done so.
-        if (!fresh && s.words_file == s.shown_file && !s.shown_file.isEmpty())
-            quorvane::create_array_of_words(s, s.shown_file);
+        if (!fresh && s.words_file == s.shown_file && !s.shown_file.isEmpty() &&
+            !quorvane::create_array_of_words(s, s.shown_file, &error))
+            s.prompts.message(error);
 
         // Selecting rows from code runs the word click, which says nothing while the recording
         // flag is "yes". Selecting further down first keeps the rows after the word in view; a

@@ -78,9 +78,10 @@ void MainWindow::show_test_results_click()
 {
     guarded([this] {
         Session& s = *m_session;
-        const auto results = read_test_results();
+        QString error;
+        const auto results = read_test_results(&error);
         if (!results) {
-            s.prompts.message(quiz_texts::kNoResultsYet);
+            s.prompts.message(error.isEmpty() ? quiz_texts::kNoResultsYet : error);
             return;
         }
         s.report_text = *results;

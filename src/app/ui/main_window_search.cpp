@@ -1,9 +1,11 @@
 #include "app/ui/main_window.h"
 
 #include "app/start_up.h"
+#include "core/prompts.h"
 #include "core/session.h"
 #include "store/new_language.h"
 #include "store/search.h"
+#include "store/texts.h"
 #include "widgets/list_box.h"
 
 #include <QLineEdit>
@@ -14,8 +16,11 @@ void MainWindow::search_master_list(int field)
 {
     guarded([this, field] {
         const QString text = (field == 0 ? txt_word_search : txt_word_search2)->text();
-        if (quorvane::search_master_list(*m_session, field, text, m_masterCache))
+        QString error;
+        if (quorvane::search_master_list(*m_session, field, text, m_masterCache, &error))
             display_words();
+        else if (!error.isEmpty())
+            m_session->prompts.message(error);
     });
 }
 
@@ -31,19 +36,33 @@ void MainWindow::txt_word_search2_change()
 
 void MainWindow::create_trans_index()
 {
-    guarded([this] { quorvane::create_trans_index(*m_session); });
+    guarded([this] {
+        if (QString error; !quorvane::create_trans_index(*m_session, &error))
+            m_session->prompts.message(error);
+    });
 }
 
 void MainWindow::pair_recordings_click()
 {
-    guarded([this] { quorvane::pair_recordings(*m_session); });
+    guarded([this] {
+        Session& s = *m_session;
+        QString error;
+        if (const auto pairs = quorvane::pair_recordings(s, &error))
+            s.prompts.message(
+                store_texts::pairingWritten(*pairs, s.current_language, s.target_language, s.trans_index_file));
+        else
+            s.prompts.message(error);
+    });
 }
 
 void MainWindow::new_language_click()
 {
     guarded([this] {
-        if (!quorvane::new_language(*m_session))
+        if (QString error; !quorvane::new_language(*m_session, &error)) {
+            if (!error.isEmpty())
+                m_session->prompts.message(error);
             return;
+        }
         // Kept as designed: the languages are added without clearing the box, so each one is listed
         // twice until the next start.
         lang_list->addItems(installed_languages(*m_session));
@@ -56,8 +75,11 @@ void MainWindow::new_language_click()
 void MainWindow::add_list_click()
 {
     guarded([this] {
-        if (quorvane::add_list(*m_session))
+        QString error;
+        if (quorvane::add_list(*m_session, &error))
             lang_list_click();
+        else if (!error.isEmpty())
+            m_session->prompts.message(error);
     });
 }
 

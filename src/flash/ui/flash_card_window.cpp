@@ -1,6 +1,7 @@
 #include "flash/ui/flash_card_window.h"
 
 #include "core/flags.h"
+#include "core/prompts.h"
 #include "core/session.h"
 #include "flash/card_settings.h"
 #include "flash/media_keys.h"
@@ -157,7 +158,12 @@ void FlashCardWindow::playwords()
 {
     // The window may be deleted while the loop runs (closed, then its deferred deletion reached
     // from a nested wait): the loop watches it, and nothing of this object is touched afterwards.
-    guarded([this] { play_cards(m_session, *this, this, m_style); });
+    Session& session = m_session;
+    guarded([this, &session] {
+        QString error;
+        if (!play_cards(session, *this, this, m_style, &error))
+            session.prompts.message(error);
+    });
 }
 
 void FlashCardWindow::replay()
@@ -199,7 +205,9 @@ void FlashCardWindow::speak_both_click()
 void FlashCardWindow::i_know_this_word_click()
 {
     guarded([this] {
-        move_to_known(m_session, m_session.current_index);
+        QString error;
+        if (!move_to_known(m_session, m_session.current_index, &error) && !error.isEmpty())
+            m_session.prompts.message(error);
         m_session.mainView().refresh_known_list();
         m_session.skip_flag = kYes;
     });

@@ -335,8 +335,15 @@ void RecordWindow::form_load()
 void RecordWindow::create_arrays()
 {
     guarded([this] {
-        state.lists = m_session.one_word_mode == flags::kYes ? quorvane::create_word(m_session)
-                                                             : quorvane::create_arrays(m_session);
+        QString error;
+        const std::optional<RecordLists> lists = m_session.one_word_mode == flags::kYes
+                                                     ? quorvane::create_word(m_session)
+                                                     : quorvane::create_arrays(m_session, &error);
+        if (!lists) {
+            m_session.prompts.message(error);
+            return;
+        }
+        state.lists = *lists;
         fill(span_list_w, state.lists.with.words, state.lists.with.count);
         fill(eng_list_w, state.lists.with.translations, state.lists.with.count);
         fill(span_list_wo, state.lists.without.words, state.lists.without.count);

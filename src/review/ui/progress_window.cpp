@@ -100,8 +100,12 @@ ProgressWindow::ProgressWindow(Session& session, QWidget* parent)
 void ProgressWindow::drawScores()
 {
     QChart* chart = scores_chart->chart();
-    const auto scores =
-        review::test_scores(read_test_results().value_or(QString()), m_session.user_name, m_session.current_language);
+    // Results that cannot be read are said, and the chart is drawn without them.
+    QString error;
+    const auto scores = review::test_scores(read_test_results(&error).value_or(QString()), m_session.user_name,
+                                            m_session.current_language);
+    if (!error.isEmpty())
+        m_session.prompts.message(error);
     auto* time = new QDateTimeAxis;
     time->setFormat(QStringLiteral("d MMM"));
     auto* percent = new QValueAxis;
