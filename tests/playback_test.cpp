@@ -34,30 +34,24 @@ TEST_F(Playback, PausesFollowTheSpeedMissingFilesCountAndAStopCutsASound)
     // Below a speed of 1.5 s the wait is 0.8 s plus the speed, however long the sound; from 1.5 s on
     // the sound plays out and the speed follows; a missing file waits 1 s plus the speed and is
     // counted until a file is found. Only an exact "yes" stops.
-    const struct
-    {
-        const char* number;
-        double length; // 0: no file
-        float speed;
-        const char* stop;
-        double seconds;
-        int missing;
-    } steps[] = {{"01000", 5.0, 0.2f, "", 1.0, 0}, {"01001", 0.1, 0.2f, "", 1.0, 0},
-                 {"02000", 2.0, 1.5f, "", 3.5, 0}, {"02001", 0.5, 2.0f, "Yes", 2.5, 0},
-                 {"03000", 0, 0.5f, "", 1.5, 1},   {"03001", 0, 0.5f, "", 1.5, 2},
-                 {"03002", 1.0, 0.2f, "", 1.0, 0}};
+    // Each step: the sound number, the length of its file (0: no file), the speed, the stop flag, the
+    // seconds the word takes and the missing count after it.
+    const std::tuple<const char*, double, float, const char*, double, int> steps[] = {
+        {"01000", 5.0, 0.2f, "", 1.0, 0},    {"01001", 0.1, 0.2f, "", 1.0, 0}, {"02000", 2.0, 1.5f, "", 3.5, 0},
+        {"02001", 0.5, 2.0f, "Yes", 2.5, 0}, {"03000", 0, 0.5f, "", 1.5, 1},   {"03001", 0, 0.5f, "", 1.5, 2},
+        {"03002", 1.0, 0.2f, "", 1.0, 0}};
     QStringList paths;
     QStringList shown;
-    for (const auto& step : steps) {
-        if (step.length > 0) {
-            paths.append(mp3(step.number, "ID3"));
-            sound.durations.insert(paths.last(), step.length);
+    for (const auto& [number, length, speed, stop, seconds, missing] : steps) {
+        if (length > 0) {
+            paths.append(mp3(number, "ID3"));
+            sound.durations.insert(paths.last(), length);
         }
-        shown.append(QString("File # ") + step.number);
-        session.speed = step.speed;
-        session.stop_flag = step.stop;
-        EXPECT_NEAR(timedSay(step.number), step.seconds, 0.03) << step.number;
-        EXPECT_EQ(session.missing_sound_count, step.missing) << step.number;
+        shown.append(QString("File # ") + number);
+        session.speed = speed;
+        session.stop_flag = stop;
+        EXPECT_NEAR(timedSay(number), seconds, 0.03) << number;
+        EXPECT_EQ(session.missing_sound_count, missing) << number;
     }
     EXPECT_EQ(sound.played, paths);
     EXPECT_EQ(view.captions, shown);

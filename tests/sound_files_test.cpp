@@ -89,26 +89,21 @@ TEST_F(SoundFiles, ChoosesTheNewRecordingOnlyWhileTheRecordWindowPlays)
     const QString mp3 = session.languages_folder + "spanish/01/01436.mp3";
     const QString str = session.languages_folder + "spanish/new_str/01/01436.str";
     // Step by step: a file added, whether the record window plays, the file chosen, the missing count.
-    const struct
-    {
-        const char* added;
-        bool recordWindow;
-        const QString& chosen;
-        int missing;
-    } steps[] = {{"", false, mp3, 1}, // nothing on disk: the released path, counted as missing, call after call
-                 {"", false, mp3, 2},
-                 {"new_str/01/01436.str", false, mp3, 3}, // a new recording only counts in the record window
-                 {"", true, str, 0},
-                 {"01/01436.mp3", false, mp3, 0}};
-    for (const auto& step : steps) {
-        if (*step.added)
-            folder.write(QString("languages/spanish/") + step.added, "x");
-        session.record_window_playing = step.recordWindow;
-        if (step.missing == 0)
+    const std::tuple<const char*, bool, QString, int> steps[] = {
+        {"", false, mp3, 1}, // nothing on disk: the released path, counted as missing, call after call
+        {"", false, mp3, 2},
+        {"new_str/01/01436.str", false, mp3, 3}, // a new recording only counts in the record window
+        {"", true, str, 0},
+        {"01/01436.mp3", false, mp3, 0}};
+    for (const auto& [added, recordWindow, chosen, missing] : steps) {
+        if (*added)
+            folder.write(QString("languages/spanish/") + added, "x");
+        session.record_window_playing = recordWindow;
+        if (missing == 0)
             session.missing_sound_count = 5;
-        const ChosenSound chosen = choose_sound_file(session, "01436", "spanish");
-        EXPECT_EQ(QStringList({chosen.path, chosen.extension}), QStringList({step.chosen, step.chosen.right(4)}));
-        EXPECT_EQ(session.missing_sound_count, step.missing) << step.chosen.toStdString();
+        const ChosenSound found = choose_sound_file(session, "01436", "spanish");
+        EXPECT_EQ(QStringList({found.path, found.extension}), QStringList({chosen, chosen.right(4)}));
+        EXPECT_EQ(session.missing_sound_count, missing) << chosen.toStdString();
     }
     // The language passed is used, not the current one.
     session.current_language = "french";
