@@ -104,10 +104,7 @@ inline QByteArray audioOf(const QByteArray& file)
 // count copies of line, each ended with CR LF.
 inline QByteArray repeatedLines(const QByteArray& line, int count)
 {
-    QByteArray bytes;
-    for (int i = 0; i < count; ++i)
-        bytes += line + "\r\n";
-    return bytes;
+    return (line + "\r\n").repeated(count);
 }
 
 // Runs a command-line tool to its end: its exit code (-1 when it does not finish in a minute), with
