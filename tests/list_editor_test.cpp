@@ -30,7 +30,7 @@ struct ListEditor : quorvane::test::CoreTest
 
 } // namespace
 
-TEST_F(ListEditor, SavingAnOpenedListUnchangedKeepsEveryByteAndWithNoListABlankTemporaryListOpens)
+TEST_F(ListEditor, SavingKeepsEveryByteNoListOpensATemporaryListAndStartNewListMakesOrWarns)
 {
     QByteArray every; // each byte but the line ends, on lines of 16
     for (int byte = 1; byte < 256; ++byte)
@@ -72,10 +72,9 @@ TEST_F(ListEditor, SavingAnOpenedListUnchangedKeepsEveryByteAndWithNoListABlankT
     open()->TextBox1->setPlainText("gato|cat|70000");
     press("save_and_exit");
     EXPECT_EQ(list("temporary"), "gato|cat|70000\r\n");
-}
 
-TEST_F(ListEditor, StartNewListMakesAnEmptyFileOrWarnsOfAnExistingOneThatTheSaveThenOverwrites)
-{
+    // Start New List makes an empty file, or warns of an existing one that the save then overwrites.
+    prompts.shown.clear();
     folder.write("languages/spanish/food.txt", "casa|house|01234\r\n");
     folder.write("languages/spanish/animals.txt", "gato|cat|01111\r\n");
     session.current_list = "food";
