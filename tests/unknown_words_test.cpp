@@ -58,7 +58,7 @@ const QByteArray kFourWords = "uno|one|01001\r\ndos|two|01002\r\ntres|three|0100
 
 } // namespace
 
-TEST(UnknownWords, OpeningAListMakesItsUnknownFileOnceShowsItsEntriesAndCountsThem)
+TEST(UnknownWords, OpeningAListMakesItsUnknownFileOnceShowsAndCountsItsEntriesAndATableLimitChangesNothing)
 {
     Program p;
     QByteArray food = "spanish word or phrase|student's language translation|99999\r\n";
@@ -73,6 +73,10 @@ TEST(UnknownWords, OpeningAListMakesItsUnknownFileOnceShowsItsEntriesAndCountsTh
                                                  "Ver|to see|01501\r\na|b\r\n\r\nser|to be|01502\r\n"
                                                  "ver|to see|01501\r\n");
     p.folder.write("users/kestrin/spanish/trip-k.txt", "header|h|99999\r\nver|to see|01501\r\n");
+    p.folder.write("languages/spanish/three.txt", kFourWords.left(kFourWords.indexOf("cuatro")));
+    p.folder.write("languages/spanish/huge.txt", repeatedLines("a|b|00001", kMaxWordEntries + 1));
+    p.folder.write("languages/spanish/big.txt", "uno|one|01001\r\ndos|two|01002\r\n");
+    p.folder.write("users/kestrin/spanish/big-k.txt", repeatedLines("k|k|00001", kMaxKnownLines + 1));
     MainWindow* main = startSpanish(p);
     Session& s = p.session();
 
@@ -103,26 +107,17 @@ TEST(UnknownWords, OpeningAListMakesItsUnknownFileOnceShowsItsEntriesAndCountsTh
 
     // A known list opened before its list: the unknown file is made without the known lines (every
     // copy, compared case-sensitively) and without the empty lines; lines that are no entry stay.
-    ASSERT_EQ(items(main->known_lists), QStringList({"trip"}));
-    select_row(main->known_lists, 0);
+    ASSERT_EQ(items(main->known_lists), QStringList({"big", "trip"}));
+    select_row(main->known_lists, 1);
     EXPECT_EQ(p.folder.read("users/kestrin/spanish/trip-u.txt"),
               QByteArray("ir|to go|01500\r\nVer|to see|01501\r\na|b\r\nser|to be|01502\r\n"));
     EXPECT_EQ(std::tuple(s.current_list, s.shown_file), std::tuple("trip", s.known_file));
     EXPECT_EQ(shown(main), "2 Known Words|header,ver@-1|h,to see@-1");
     EXPECT_EQ(colours(main), QList<QColor>({QColor(0, 0, 0xC0), QColor(0, 0, 0xA0), QColor(0, 0, 0xA0)}));
     EXPECT_EQ(p.prompts.shown.size(), 1);
-}
 
-TEST(UnknownWords, ATableLimitIsReportedAndChangesNoSessionValueNorFile)
-{
-    Program p;
-    p.folder.write("languages/spanish/three.txt", kFourWords.left(kFourWords.indexOf("cuatro")));
-    p.folder.write("languages/spanish/huge.txt", repeatedLines("a|b|00001", kMaxWordEntries + 1));
-    p.folder.write("languages/spanish/big.txt", "uno|one|01001\r\ndos|two|01002\r\n");
-    p.folder.write("users/kestrin/spanish/big-k.txt", repeatedLines("k|k|00001", kMaxKnownLines + 1));
-    MainWindow* main = startSpanish(p);
+    // A table limit is reported and changes no session value nor file.
     Program::choose(main->lists_list, "three");
-    const Session& s = p.session();
     auto state = [&] {
         return QStringList({s.current_list, s.shown_file, s.list_file, s.known_file, s.unknown_file}) + s.words +
                s.translations + s.sound_numbers;
