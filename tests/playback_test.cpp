@@ -40,8 +40,7 @@ TEST_F(Playback, PausesFollowTheSpeedMissingFilesCountAndAStopCutsASound)
         {"01000", 5.0, 0.2f, "", 1.0, 0},    {"01001", 0.1, 0.2f, "", 1.0, 0}, {"02000", 2.0, 1.5f, "", 3.5, 0},
         {"02001", 0.5, 2.0f, "Yes", 2.5, 0}, {"03000", 0, 0.5f, "", 1.5, 1},   {"03001", 0, 0.5f, "", 1.5, 2},
         {"03002", 1.0, 0.2f, "", 1.0, 0}};
-    QStringList paths;
-    QStringList shown;
+    QStringList paths, shown;
     for (const auto& [number, length, speed, stop, seconds, missing] : steps) {
         if (length > 0) {
             paths.append(mp3(number, "ID3"));

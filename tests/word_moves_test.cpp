@@ -42,8 +42,7 @@ TEST_F(WordMoves, TheRepeatCountKeepsOneToSixtyAndOtherwiseSetsThreeWithAMessage
 
 TEST_F(WordMoves, RandomIndexStaysInItsRangeAndRepeatsWithinOneTick)
 {
-    std::set<double> seen;
-    std::set<double> spread;
+    std::set<double> seen, spread;
     for (int tick = 0; tick < 300; ++tick) {
         clock.now = 36000.0 + tick * 0.01;
         EXPECT_EQ(random_index(session, 0, 0), 0.0);
