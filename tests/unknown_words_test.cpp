@@ -3,9 +3,7 @@
 #include "test_support.h"
 
 #include <QApplication>
-#include <QDirIterator>
 #include <QLabel>
-#include <QMap>
 #include <QTest>
 
 #include <gtest/gtest.h>
