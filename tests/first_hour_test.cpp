@@ -8,9 +8,7 @@
 #include "widgets/qt_prompts.h"
 
 #include <QApplication>
-#include <QInputDialog>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPointer>
 #include <QRadioButton>
 #include <QRegularExpression>
@@ -23,35 +21,6 @@ using namespace quorvane;
 using namespace quorvane::test;
 
 namespace {
-
-// Answers each real box as a user would: the next answer ("=" keeps what the box offers) and OK.
-// Notes each box as "parent window|text", and what each input box offered.
-struct BoxAnswerer : QObject
-{
-    QStringList answers, seen, offered;
-    QTimer timer;
-    explicit BoxAnswerer(QStringList script) : answers(std::move(script))
-    {
-        connect(&timer, &QTimer::timeout, this, [this] {
-            for (QWidget* box : QApplication::topLevelWidgets()) {
-                if (!box->isVisible() || !(qobject_cast<QMessageBox*>(box) || qobject_cast<QInputDialog*>(box)))
-                    continue;
-                const QString parent = box->parentWidget() ? box->parentWidget()->window()->objectName() : "(none)";
-                if (auto* input = qobject_cast<QInputDialog*>(box)) {
-                    seen.append(parent + "|" + input->labelText());
-                    offered.append(input->textValue());
-                    if (const QString answer = answers.isEmpty() ? QString() : answers.takeFirst(); answer != "=")
-                        input->setTextValue(answer);
-                    input->accept();
-                } else if (auto* message = qobject_cast<QMessageBox*>(box)) {
-                    seen.append(parent + "|" + message->text());
-                    message->button(message->button(QMessageBox::Ok) ? QMessageBox::Ok : QMessageBox::Yes)->click();
-                }
-            }
-        });
-        timer.start(1);
-    }
-};
 
 // Clicks a button of an open window with the mouse.
 void click(const char* windowName, const char* name)
@@ -122,9 +91,7 @@ TEST(FirstHour, RealBoxesShownWhileTheMainWindowIsHiddenLeaveTheProgramRunningUn
     EXPECT_GT(boxes.offered[1].toInt(), 0);
     EXPECT_EQ(boxes.offered.mid(2), QStringList({"3", "50", "5", ""}));
     // SIGTERM left through Exit: sound closed, the window gone and with it the student's lock.
-    EXPECT_FALSE(sound.initialised);
-    EXPECT_FALSE(main);
-    EXPECT_FALSE(QFileInfo::exists(lock));
+    EXPECT_FALSE(sound.initialised || main || QFileInfo::exists(lock));
     delete main.data();
 }
 
@@ -167,7 +134,7 @@ QStringList unnamedBoxes(const QWidget* window)
 
 } // namespace
 
-TEST(FirstHour, KeyboardAloneChoosesAListPlaysAndMovesAWordRunsTheCardsAndFinishesATest)
+TEST(FirstHour, KeyboardAloneChoosesAListPlaysAndMovesAWordRunsTheCardsFinishesATestAndOpensTheRecordWindow)
 {
     Program p;
     p.folder.write("languages/spanish/words.txt", courseEntry(0) + courseEntry(1) + courseEntry(2));
@@ -235,12 +202,8 @@ TEST(FirstHour, KeyboardAloneChoosesAListPlaysAndMovesAWordRunsTheCardsAndFinish
     press(t, Qt::Key_Space);
     EXPECT_TRUE(p.folder.read("test_results.txt").contains("\twords\t10\t100%\t"))
         << p.folder.read("test_results.txt").toStdString();
-}
 
-TEST(FirstHour, OpeningTheRecordWindowAndFocusingItsListsPlaysAndChoosesNothing)
-{
-    Program p;
-    openCourse(p);
+    // Opening the record window and focusing its lists plays and chooses nothing.
     p.sound.played.clear();
     p.main()->record_word_list->click();
     QWidget* record = quorvane::window("qvrecord");

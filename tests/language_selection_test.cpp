@@ -22,9 +22,10 @@ QStringList languageFiles(const Session& s)
 
 } // namespace
 
-TEST(LanguageSelection, ChoosingALanguageListsItsListsSweepsEmptyFilesAndLoadsThePairing)
+TEST(LanguageSelection, ChoosingALanguageListsItsListsSweepsEmptyFilesAndLoadsThePairingOrChangesNothing)
 {
-    // Three languages: spanish pairs with english, english has no pairing, german has no trans file.
+    // spanish pairs with english; english has no pairing, german no trans file, basque an empty one;
+    // a pairing line of welsh is empty.
     Program p;
     const auto& folder = p.folder;
     folder.write("languages/spanish/food.txt", "comer|to eat|01436\r\n");
@@ -39,6 +40,11 @@ TEST(LanguageSelection, ChoosingALanguageListsItsListsSweepsEmptyFilesAndLoadsTh
     folder.write("languages/english/master_english.txt", "eat|comer|00217\r\n");
     folder.write("languages/english/numbers.txt", "one|uno|00001\r\n");
     folder.write("languages/german/colours.txt", "rot|red|00300\r\n");
+    folder.write("languages/basque/words.txt", "bat|one|00001\r\n");
+    folder.write("languages/basque/trans_basque.dat", "\r\n");
+    folder.write("languages/welsh/words.txt", "un|one|00001\r\n");
+    folder.write("languages/welsh/trans_welsh.dat", "english\r\n");
+    folder.write("languages/welsh/trans_index_welsh_english.dat", "00001|00100\r\n\r\n");
     folder.write("users/kestrin/spanish/food-k.txt", "comer|to eat|01436\r\n");
     folder.write("users/kestrin/spanish/old-k.txt", "x");
     folder.write("users/kestrin/spanish/two-k.txt", "ab");
@@ -46,8 +52,10 @@ TEST(LanguageSelection, ChoosingALanguageListsItsListsSweepsEmptyFilesAndLoadsTh
     MainWindow* main = p.start();
     Session& s = p.session();
 
-    // The first language is chosen at start; it has no trans file, so there is no target yet.
-    EXPECT_EQ(languageFiles(s).mid(0, 2), QStringList({"english", ""}));
+    // The first language is chosen at start; its trans file is empty, so there is no target yet.
+    EXPECT_EQ(languageFiles(s), QStringList({"basque", "", "basque/master_basque.txt", "basque/trans_basque.dat",
+                                             "/master_.txt", "basque/trans_index_basque_.dat"}));
+    EXPECT_TRUE(QFileInfo(folder.file("users/kestrin/basque")).isDir());
     EXPECT_TRUE(main->txt_word_search->isVisible() && main->txt_word_search2->isVisible() && main->Label9->isVisible());
 
     Program::choose(main->lang_list, "spanish");
@@ -58,7 +66,6 @@ TEST(LanguageSelection, ChoosingALanguageListsItsListsSweepsEmptyFilesAndLoadsTh
     EXPECT_TRUE(folder.exists("languages/spanish/notes.TXT"));
     EXPECT_EQ(items(main->known_lists), QStringList({"food", "two"}));
     EXPECT_FALSE(folder.exists("users/kestrin/spanish/old-k.txt"));
-    EXPECT_TRUE(QFileInfo(folder.file("users/kestrin/english")).isDir());
 
     EXPECT_EQ(languageFiles(s),
               QStringList({"spanish", "english", "spanish/master_spanish.txt", "spanish/trans_spanish.dat",
@@ -81,30 +88,15 @@ TEST(LanguageSelection, ChoosingALanguageListsItsListsSweepsEmptyFilesAndLoadsTh
                                              "english/master_english.txt", "spanish/trans_index_spanish_english.dat"}));
     EXPECT_EQ(s.target_sound_numbers.at(1436), "00217");
     EXPECT_EQ(p.prompts.shown.size(), 1); // only the name was asked
-}
 
-TEST(LanguageSelection, AnEmptyTransFileGivesAnEmptyTargetAndABadPairingLineChangesNothing)
-{
-    Program p;
-    p.folder.write("languages/basque/words.txt", "bat|one|00001\r\n");
-    p.folder.write("languages/basque/trans_basque.dat", "\r\n");
-    p.folder.write("users/kestrin/basque/words-k.txt", "bi|two|00002\r\n");
-    p.folder.write("languages/welsh/words.txt", "un|one|00001\r\n");
-    p.folder.write("languages/welsh/trans_welsh.dat", "english\r\n");
-    p.folder.write("languages/welsh/trans_index_welsh_english.dat", "00001|00100\r\n\r\n");
-    MainWindow* main = p.start();
-    Session& s = p.session();
-    EXPECT_EQ(languageFiles(s), QStringList({"basque", "", "basque/master_basque.txt", "basque/trans_basque.dat",
-                                             "/master_.txt", "basque/trans_index_basque_.dat"}));
+    // An empty pairing line stops the choice with a message naming the file, before anything changes:
+    // every session value a language choice sets, and what the main window's boxes show.
     select_row(main->lists_list, 0);
-    // Every session value a language choice sets, and what the main window's boxes show.
     auto state = [&] {
         return languageFiles(s) + QStringList({s.shown_file, s.current_list}) + s.target_sound_numbers + s.words +
                items(main->lists_list) + items(main->known_lists) + items(main->words_list) + items(main->words_liste);
     };
     const QStringList before = state();
-
-    // An empty pairing line stops the choice with a message naming the file, before anything changes.
     Program::choose(main->lang_list, "welsh");
     ASSERT_EQ(p.prompts.shown.size(), 2);
     EXPECT_EQ(p.prompts.shown[1].kind, "message");

@@ -6,8 +6,6 @@
 #include "widgets/window_geometry.h"
 
 #include <QApplication>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QScreen>
 #include <QSettings>
 #include <QTimer>
@@ -26,27 +24,21 @@ CommandLine parse(const QStringList& options)
 
 // An installed program: bin/ beside share/quorvane/, whose sample course has one list and one
 // recording; the user's folder is still to be made.
-struct Installed
+struct Installed : test::CoreSession
 {
-    ProgramFolder root;
-    ScriptedPrompts prompts;
-    FakeSound sound;
-    FakeClock clock;
-    const QString previousFolder = QDir::currentPath();
     const QByteArray list = "hola|hello|00001\r\nadios|goodbye|00002\r\n";
     const QByteArray recording = test::patternBytes(3000);
 
     Installed()
     {
-        root.mkdir("bin");
-        root.write("share/quorvane/languages/spanish/first.txt", list);
-        root.write("share/quorvane/languages/spanish/00/00001.mp3", recording);
+        folder.mkdir("bin");
+        folder.write("share/quorvane/languages/spanish/first.txt", list);
+        folder.write("share/quorvane/languages/spanish/00/00001.mp3", recording);
     }
-    ~Installed() { QDir::setCurrent(previousFolder); }
-    QString user() const { return root.file("home/.local/share/quorvane"); }
+    QString user() const { return folder.file("home/.local/share/quorvane"); }
     int run(Launcher& launcher, const QStringList& options)
     {
-        return launcher.run(QStringList{"quorvane"} + options, root.file("bin"), user());
+        return launcher.run(QStringList{"quorvane"} + options, folder.file("bin"), user());
     }
 };
 
@@ -99,35 +91,46 @@ TEST(CommandLine, OptionsAndRefusals)
     EXPECT_FALSE(QFileInfo::exists(program.user()));
 }
 
-TEST(ProgramFolder, TheFirstRunCopiesTheSampleCourseAndSaysWhereLaterRunsKeepTheFolder)
+TEST(ProgramFolder, TheFirstRunCopiesTheSampleCourseAndSaysWhereInARealBoxLaterRunsKeepTheFolder)
 {
     Installed program;
     // A copy a killed run left half made is thrown away.
-    program.root.write("home/.local/share/quorvane.partial/languages/spanish/half.txt", "half");
+    program.folder.write("home/.local/share/quorvane.partial/languages/spanish/half.txt", "half");
     {
-        Launcher launcher(program.prompts, &program.sound, &program.clock);
-        ASSERT_EQ(program.run(launcher, {"--student", "ana"}), -1);
-        ASSERT_NE(launcher.window(), nullptr);
+        QtPrompts real;
+        Launcher launcher(real, &program.sound, &program.clock);
+        int code = 0;
+        bool shown = false;
+        QString student;
+        QTimer::singleShot(0, [&] {
+            code = program.run(launcher, {"--student", "ana"});
+            shown = launcher.window() && launcher.window()->isVisible();
+            student = shown ? sessionOf(launcher.window()).user_name : QString();
+            QApplication::quit();
+        });
+        test::BoxAnswerer boxes;
+        ASSERT_EQ(QApplication::exec(), 0);
+        ASSERT_EQ(code, -1);
+        EXPECT_TRUE(shown);
         EXPECT_EQ(QDir::currentPath(), program.user());
-        EXPECT_EQ(program.root.read("home/.local/share/quorvane/languages/spanish/first.txt"), program.list);
-        EXPECT_EQ(program.root.read("home/.local/share/quorvane/languages/spanish/00/00001.mp3"), program.recording);
-        EXPECT_FALSE(program.root.exists("home/.local/share/quorvane.partial"));
-        EXPECT_FALSE(program.root.exists("home/.local/share/quorvane/languages/spanish/half.txt"));
+        EXPECT_EQ(program.folder.read("home/.local/share/quorvane/languages/spanish/first.txt"), program.list);
+        EXPECT_EQ(program.folder.read("home/.local/share/quorvane/languages/spanish/00/00001.mp3"), program.recording);
+        EXPECT_FALSE(program.folder.exists("home/.local/share/quorvane.partial") ||
+                     program.folder.exists("home/.local/share/quorvane/languages/spanish/half.txt"));
         // No name question: the student came with the command line.
-        ASSERT_EQ(program.prompts.shown.size(), 1);
-        EXPECT_EQ(program.prompts.shown[0].title, "Welcome to Quorvane");
-        EXPECT_TRUE(program.prompts.shown[0].text.startsWith("Your Quorvane folder is " + program.user() + ". "));
-        EXPECT_EQ(sessionOf(launcher.window()).user_name, "ana");
+        ASSERT_EQ(boxes.titles, QStringList({"Welcome to Quorvane"}));
+        EXPECT_TRUE(boxes.seen[0].contains("|Your Quorvane folder is " + program.user() + ". "))
+            << boxes.seen[0].toStdString();
+        EXPECT_EQ(student, "ana");
         EXPECT_TRUE(QFileInfo(program.user() + "/users/ana/spanish").isDir());
     }
-    program.root.write("home/.local/share/quorvane/languages/spanish/first.txt", "mine\r\n");
-    program.prompts.shown.clear();
+    program.folder.write("home/.local/share/quorvane/languages/spanish/first.txt", "mine\r\n");
     program.prompts.push(QString("ben"));
     Launcher again(program.prompts, &program.sound, &program.clock);
     ASSERT_EQ(program.run(again, {}), -1);
     EXPECT_EQ(test::boxes(program.prompts), QStringList({"input|Student Name|What is your first name?  This is for "
                                                          "the program to remember which words you have learned."}));
-    EXPECT_EQ(program.root.read("home/.local/share/quorvane/languages/spanish/first.txt"), "mine\r\n");
+    EXPECT_EQ(program.folder.read("home/.local/share/quorvane/languages/spanish/first.txt"), "mine\r\n");
 
     // In a build tree a file beside the program names the sample course's folder relative to it.
     ProgramFolder build;
@@ -136,7 +139,7 @@ TEST(ProgramFolder, TheFirstRunCopiesTheSampleCourseAndSaysWhereLaterRunsKeepThe
     EXPECT_EQ(sampleCourseFolder(build.file("out")), QString());
     build.write("out/sample-course-folder.txt", "../course\n");
     EXPECT_EQ(sampleCourseFolder(build.file("out")), build.file("course"));
-    EXPECT_EQ(sampleCourseFolder(program.root.file("bin")), program.root.file("share/quorvane"));
+    EXPECT_EQ(sampleCourseFolder(program.folder.file("bin")), program.folder.file("share/quorvane"));
 }
 
 TEST(WindowGeometry, RestoredOnTheScreenEvenWhenTheScreenGotSmaller)
@@ -162,36 +165,4 @@ TEST(WindowGeometry, RestoredOnTheScreenEvenWhenTheScreenGotSmaller)
 
     // A window left on a screen to the left that is gone comes back whole.
     EXPECT_EQ(fitOnScreen(QRect(-1500, 100, 600, 400), QRect(0, 0, 1024, 768)), QRect(0, 100, 600, 400));
-}
-
-TEST(ProgramFolder, TheRealWelcomeBoxIsAnsweredInsideTheEventLoop)
-{
-    Installed program;
-    QtPrompts real;
-    Launcher launcher(real, &program.sound, &program.clock);
-    QString said;
-    int code = 0;
-    bool shown = false;
-    QTimer::singleShot(0, [&] {
-        code = program.run(launcher, {"--student", "ana"});
-        shown = launcher.window() && launcher.window()->isVisible();
-        QApplication::quit();
-    });
-    // Answers the box once it is up; gives up after a while so that a box never shown fails fast.
-    QTimer answer;
-    int tries = 0;
-    QObject::connect(&answer, &QTimer::timeout, [&] {
-        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-            said = box->windowTitle() + "|" + box->text();
-            box->button(QMessageBox::Ok)->click();
-        } else if (++tries > 2000) {
-            QApplication::exit(1);
-        }
-    });
-    answer.start(5);
-    ASSERT_EQ(QApplication::exec(), 0);
-    EXPECT_EQ(code, -1);
-    EXPECT_TRUE(said.startsWith("Welcome to Quorvane|Your Quorvane folder is ")) << said.toStdString();
-    EXPECT_EQ(program.root.read("home/.local/share/quorvane/languages/spanish/first.txt"), program.list);
-    EXPECT_TRUE(shown);
 }

@@ -30,7 +30,7 @@ struct ListEditor : quorvane::test::CoreTest
 
 } // namespace
 
-TEST_F(ListEditor, SavingAnOpenedListUnchangedKeepsEveryByteAndAddsOneLineEnd)
+TEST_F(ListEditor, SavingKeepsEveryByteNoListOpensATemporaryListAndStartNewListMakesOrWarns)
 {
     QByteArray every; // each byte but the line ends, on lines of 16
     for (int byte = 1; byte < 256; ++byte)
@@ -57,11 +57,9 @@ TEST_F(ListEditor, SavingAnOpenedListUnchangedKeepsEveryByteAndAddsOneLineEnd)
     open();
     press("save_and_exit");
     EXPECT_EQ(list("most_common_words"), "a|b|00001\r\nc|d|00002\r\ne|f|00003\r\n");
-    EXPECT_TRUE(prompts.shown.isEmpty());
-}
 
-TEST_F(ListEditor, NoListChosenOpensABlankTemporaryListThatExitWithoutSaveLeavesUnmade)
-{
+    // No list chosen: a blank temporary list, that exit without save leaves unmade.
+    session.current_list.clear();
     EXPECT_EQ(open()->TextBox1->toPlainText(), "");
     EXPECT_EQ(boxes(prompts), QStringList({"message||A list was not chosen. A blank form will be opened in case you "
                                            "want to start a new list."}));
@@ -74,10 +72,9 @@ TEST_F(ListEditor, NoListChosenOpensABlankTemporaryListThatExitWithoutSaveLeaves
     open()->TextBox1->setPlainText("gato|cat|70000");
     press("save_and_exit");
     EXPECT_EQ(list("temporary"), "gato|cat|70000\r\n");
-}
 
-TEST_F(ListEditor, StartNewListMakesAnEmptyFileOrWarnsOfAnExistingOneThatTheSaveThenOverwrites)
-{
+    // Start New List makes an empty file, or warns of an existing one that the save then overwrites.
+    prompts.shown.clear();
     folder.write("languages/spanish/food.txt", "casa|house|01234\r\n");
     folder.write("languages/spanish/animals.txt", "gato|cat|01111\r\n");
     session.current_list = "food";

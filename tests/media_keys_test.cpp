@@ -152,8 +152,7 @@ TEST(MediaKeys, CardsDrivenByKeysOrOverTheBusEndAsThoseDrivenByTheButtons)
     FlashCardWindow* cards = openCards(p, false);
     EXPECT_FALSE(bus.registered());
     // While a card shows, the player is registered, playing, and its metadata is the card.
-    QStringList shown;
-    QStringList announced;
+    QStringList shown, announced;
     auto look = [&] {
         shown << cards->word_lbl->text() + "|" + cards->word_lbl2->text();
         const QVariantMap metadata = qdbus_cast<QVariantMap>(bus.property("Metadata"));

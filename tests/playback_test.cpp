@@ -34,35 +34,27 @@ TEST_F(Playback, PausesFollowTheSpeedMissingFilesCountAndAStopCutsASound)
     // Below a speed of 1.5 s the wait is 0.8 s plus the speed, however long the sound; from 1.5 s on
     // the sound plays out and the speed follows; a missing file waits 1 s plus the speed and is
     // counted until a file is found. Only an exact "yes" stops.
-    const struct
-    {
-        const char* number;
-        double length; // 0: no file
-        float speed;
-        const char* stop;
-        double seconds;
-        int missing;
-    } steps[] = {{"01000", 5.0, 0.2f, "", 1.0, 0}, {"01001", 0.1, 0.2f, "", 1.0, 0},
-                 {"02000", 2.0, 1.5f, "", 3.5, 0}, {"02001", 0.5, 2.0f, "Yes", 2.5, 0},
-                 {"03000", 0, 0.5f, "", 1.5, 1},   {"03001", 0, 0.5f, "", 1.5, 2},
-                 {"03002", 1.0, 0.2f, "", 1.0, 0}};
-    QStringList paths;
-    QStringList shown;
-    for (const auto& step : steps) {
-        if (step.length > 0) {
-            paths.append(mp3(step.number, "ID3"));
-            sound.durations.insert(paths.last(), step.length);
+    // Each step: the sound number, the length of its file (0: no file), the speed, the stop flag, the
+    // seconds the word takes and the missing count after it.
+    const std::tuple<const char*, double, float, const char*, double, int> steps[] = {
+        {"01000", 5.0, 0.2f, "", 1.0, 0},    {"01001", 0.1, 0.2f, "", 1.0, 0}, {"02000", 2.0, 1.5f, "", 3.5, 0},
+        {"02001", 0.5, 2.0f, "Yes", 2.5, 0}, {"03000", 0, 0.5f, "", 1.5, 1},   {"03001", 0, 0.5f, "", 1.5, 2},
+        {"03002", 1.0, 0.2f, "", 1.0, 0}};
+    QStringList paths, shown;
+    for (const auto& [number, length, speed, stop, seconds, missing] : steps) {
+        if (length > 0) {
+            paths.append(mp3(number, "ID3"));
+            sound.durations.insert(paths.last(), length);
         }
-        shown.append(QString("File # ") + step.number);
-        session.speed = step.speed;
-        session.stop_flag = step.stop;
-        EXPECT_NEAR(timedSay(step.number), step.seconds, 0.03) << step.number;
-        EXPECT_EQ(session.missing_sound_count, step.missing) << step.number;
+        shown.append(QString("File # ") + number);
+        session.speed = speed;
+        session.stop_flag = stop;
+        EXPECT_NEAR(timedSay(number), seconds, 0.03) << number;
+        EXPECT_EQ(session.missing_sound_count, missing) << number;
     }
     EXPECT_EQ(sound.played, paths);
     EXPECT_EQ(view.captions, shown);
     EXPECT_NE(session.sound_channel, 0);
-    EXPECT_TRUE(prompts.shown.isEmpty());
 
     // A stop while a long sound plays ends at once, without the pause after it.
     sound.durations.insert(mp3("02000"), 10.0);
@@ -77,9 +69,24 @@ TEST_F(Playback, PausesFollowTheSpeedMissingFilesCountAndAStopCutsASound)
     say_word(session, "", "spanish");
     EXPECT_EQ(clock.processed, events);
     EXPECT_EQ(view.captions.size(), shown.size() + 1);
+
+    // Library failures are shown, and the pause still happens.
+    session.speed = 0.2f;
+    session.stop_flag = "";
+    sound.loadError = kSoundLoadFailed;
+    EXPECT_NEAR(timedSay("02000"), 1.0, 0.03);
+    sound.loadError = 0;
+    sound.playError = kSoundNoFreeChannel;
+    EXPECT_NEAR(timedSay("02000"), 1.0, 0.03);
+    EXPECT_EQ(quorvane::test::boxes(prompts),
+              QStringList({"message||An error occured opening the sound file.\r\nError loading file",
+                           "message||An error occured playing the sample!\r\nAn invalid parameter was passed to "
+                           "this function",
+                           "message||An error occured playing the sample!\r\nFailed to allocate a new channel"}));
+    EXPECT_EQ(session.sound_channel, 0);
 }
 
-TEST_F(Playback, Mp3CaptureAppendsTheWordAndSilencesInsteadOfPlaying)
+TEST_F(Playback, Mp3CaptureAppendsTheWordAndSilencesInsteadOfPlayingButANewRecordingPlays)
 {
     mp3("04000", "WORD-BYTES");
     folder.write("silence.mp3", QByteArray("SIL\0", 4));
@@ -122,10 +129,8 @@ TEST_F(Playback, Mp3CaptureAppendsTheWordAndSilencesInsteadOfPlaying)
     append_file(folder.file("absent.bin"), folder.file("other.mp3"));
     EXPECT_FALSE(append_file(folder.file("a.bin"), folder.file("no/such/folder/x.mp3")));
     EXPECT_FALSE(folder.exists("other.mp3") || folder.exists("no/such/folder/x.mp3"));
-}
 
-TEST_F(Playback, NewRecordingPlaysThroughATemporaryWavEvenInCapture)
-{
+    // A new recording plays through a temporary WAV in the record window, even while capturing.
     folder.write("languages/spanish/new_str/01/01436.tmp", QByteArray(30870, '\x11'));
     ASSERT_TRUE(encipher_file(folder.file("languages/spanish/new_str/01/01436.tmp"),
                               folder.file("languages/spanish/new_str/01/01436.str")));
@@ -137,10 +142,9 @@ TEST_F(Playback, NewRecordingPlaysThroughATemporaryWavEvenInCapture)
     say_word(session, "01436", "spanish");
     const QString wav = session.languages_folder + "spanish/new_str/01/01436.wav";
     EXPECT_EQ(sound.played, QStringList({wav}));
-    EXPECT_FALSE(QFile::exists(wav));
-    EXPECT_FALSE(folder.exists("languages/spanish/new_str/01/01436.tmp"));
+    EXPECT_FALSE(QFile::exists(wav) || folder.exists("languages/spanish/new_str/01/01436.tmp") ||
+                 folder.exists("out_file.mp3.capture.tmp"));
     EXPECT_TRUE(folder.exists("languages/spanish/new_str/01/01436.str"));
-    EXPECT_FALSE(folder.exists("out_file.mp3"));
 
     // Outside the record window a .str path is not played and costs no time.
     session.record_window_playing = false;
@@ -162,24 +166,23 @@ TEST_F(Playback, NewRecordingPlaysThroughATemporaryWavEvenInCapture)
     EXPECT_EQ(clock.processed, events);
 }
 
-TEST_F(Playback, LibraryFailuresAreShownAndThePauseStillHappens)
+// A timer that falls back to 0 at midnight, as the system timer does.
+class MidnightClock : public Clock
 {
-    mp3("05000", "ID3");
-    session.speed = 0.2f;
-    sound.loadError = kSoundLoadFailed;
-    EXPECT_NEAR(timedSay("05000"), 1.0, 0.03);
-    sound.loadError = 0;
-    sound.playError = kSoundNoFreeChannel;
-    EXPECT_NEAR(timedSay("05000"), 1.0, 0.03);
-    EXPECT_EQ(quorvane::test::boxes(prompts),
-              QStringList({"message||An error occured opening the sound file.\r\nError loading file",
-                           "message||An error occured playing the sample!\r\nAn invalid parameter was passed to "
-                           "this function",
-                           "message||An error occured playing the sample!\r\nFailed to allocate a new channel"}));
-    EXPECT_EQ(session.sound_channel, 0);
-}
+public:
+    double timer() override { return seconds >= 86400.0 ? seconds - 86400.0 : seconds; }
+    void processEvents() override
+    {
+        seconds += 0.01;
+        if (++calls == 1000 && session)
+            session->stop_flag = "yes";
+    }
+    double seconds = 86399.5;
+    int calls = 0;
+    Session* session = nullptr;
+};
 
-TEST_F(Playback, WaitSecondsEndsOnTimeOrOnAnExactFlag)
+TEST_F(Playback, WaitSecondsEndsOnTimeOrOnAnExactFlagAndRunsOnAcrossMidnight)
 {
     wait_seconds(session, 0.0f);
     wait_seconds(session, -2.0f);
@@ -203,33 +206,13 @@ TEST_F(Playback, WaitSecondsEndsOnTimeOrOnAnExactFlag)
     const double unflagged = clock.now;
     wait_seconds(session, 0.2f);
     EXPECT_NEAR(clock.now - unflagged, 0.2, 0.011);
-}
 
-// A timer that falls back to 0 at midnight, as the system timer does.
-class MidnightClock : public Clock
-{
-public:
-    double timer() override { return seconds >= 86400.0 ? seconds - 86400.0 : seconds; }
-    void processEvents() override
-    {
-        seconds += 0.01;
-        if (++calls == 1000 && session)
-            session->stop_flag = "yes";
-    }
-    double seconds = 86399.5;
-    int calls = 0;
-    Session* session = nullptr;
-};
-
-TEST(PlaybackMidnight, AWaitAcrossMidnightRunsOnUntilAFlagEndsIt)
-{
-    ScriptedPrompts prompts;
-    FakeSound sound;
-    MidnightClock clock;
-    Session session(prompts, sound, clock);
-    clock.session = &session;
-    wait_seconds(session, 1.0f);
-    EXPECT_EQ(clock.calls, 1000);
+    // Past midnight the timer falls back to 0: the wait runs on until a flag ends it.
+    MidnightClock midnight;
+    Session late(prompts, sound, midnight);
+    midnight.session = &late;
+    wait_seconds(late, 1.0f);
+    EXPECT_EQ(midnight.calls, 1000);
 }
 
 } // namespace

@@ -10,7 +10,7 @@ using quorvane::test::opensslBlowfish;
 using quorvane::test::patternBytes;
 using quorvane::test::ProgramFolder;
 
-TEST(Cipher, AKnownVectorAndFilesThatAgreeWithTheOpensslCommandLine)
+TEST(Cipher, AKnownVectorFilesThatAgreeWithOpensslAndTheWavFilesMadeOfThem)
 {
     const QByteArray key = QByteArray::fromHex("00112233445566778899aabbccddeeff");
     const QByteArray iv = QByteArray::fromHex("0102030405060708");
@@ -43,48 +43,10 @@ TEST(Cipher, AKnownVectorAndFilesThatAgreeWithTheOpensslCommandLine)
     EXPECT_EQ(folder.read("empty.out"), QByteArray());
     EXPECT_FALSE(decipher_file(folder.file("absent.str"), folder.file("absent.tmp")));
     EXPECT_FALSE(folder.exists("absent.tmp"));
-}
 
-using SoundFiles = quorvane::test::CoreTest;
-
-TEST_F(SoundFiles, ChoosesTheNewRecordingOnlyWhileTheRecordWindowPlays)
-{
-    const QString mp3 = session.languages_folder + "spanish/01/01436.mp3";
-    const QString str = session.languages_folder + "spanish/new_str/01/01436.str";
-    // Step by step: a file added, whether the record window plays, the file chosen, the missing count.
-    const struct
-    {
-        const char* added;
-        bool recordWindow;
-        const QString& chosen;
-        int missing;
-    } steps[] = {{"", false, mp3, 1}, // nothing on disk: the released path, counted as missing, call after call
-                 {"", false, mp3, 2},
-                 {"new_str/01/01436.str", false, mp3, 3}, // a new recording only counts in the record window
-                 {"", true, str, 0},
-                 {"01/01436.mp3", false, mp3, 0}};
-    for (const auto& step : steps) {
-        if (*step.added)
-            folder.write(QString("languages/spanish/") + step.added, "x");
-        session.record_window_playing = step.recordWindow;
-        if (step.missing == 0)
-            session.missing_sound_count = 5;
-        const ChosenSound chosen = choose_sound_file(session, "01436", "spanish");
-        EXPECT_EQ(QStringList({chosen.path, chosen.extension}), QStringList({step.chosen, step.chosen.right(4)}));
-        EXPECT_EQ(session.missing_sound_count, step.missing) << step.chosen.toStdString();
-    }
-    // The language passed is used, not the current one.
-    session.current_language = "french";
-    EXPECT_EQ(choose_sound_file(session, "70012", "german").path, session.languages_folder + "german/70/70012.mp3");
-}
-
-TEST(StrToWav, WritesTheHeaderAndSamplesAndRemovesTheTmpFile)
-{
+    // A recording becomes a WAV file beside it: the header, then the samples; the .tmp file goes.
     EXPECT_EQ(four_byte_text(16777218).toHex(), QByteArray("02000001"));
     EXPECT_EQ(four_byte_text(2147483647).toHex(), QByteArray("ffffff7f"));
-
-    ProgramFolder folder;
-    const QByteArray samples = patternBytes(30870);
     auto recording = [&](const QString& name) {
         folder.write(name + ".tmp", samples);
         EXPECT_TRUE(encipher_file(folder.file(name + ".tmp"), folder.file(name + ".str")));
@@ -118,6 +80,34 @@ TEST(StrToWav, WritesTheHeaderAndSamplesAndRemovesTheTmpFile)
     EXPECT_EQ(empty.size(), 44);
     EXPECT_EQ(empty.mid(4, 4).toHex(), QByteArray("24000000"));
     EXPECT_EQ(empty.mid(40, 4).toHex(), QByteArray("00000000"));
+}
+
+using SoundFiles = quorvane::test::CoreTest;
+
+TEST_F(SoundFiles, ChoosesTheNewRecordingOnlyWhileTheRecordWindowPlays)
+{
+    const QString mp3 = session.languages_folder + "spanish/01/01436.mp3";
+    const QString str = session.languages_folder + "spanish/new_str/01/01436.str";
+    // Step by step: a file added, whether the record window plays, the file chosen, the missing count.
+    const std::tuple<const char*, bool, QString, int> steps[] = {
+        {"", false, mp3, 1}, // nothing on disk: the released path, counted as missing, call after call
+        {"", false, mp3, 2},
+        {"new_str/01/01436.str", false, mp3, 3}, // a new recording only counts in the record window
+        {"", true, str, 0},
+        {"01/01436.mp3", false, mp3, 0}};
+    for (const auto& [added, recordWindow, chosen, missing] : steps) {
+        if (*added)
+            folder.write(QString("languages/spanish/") + added, "x");
+        session.record_window_playing = recordWindow;
+        if (missing == 0)
+            session.missing_sound_count = 5;
+        const ChosenSound found = choose_sound_file(session, "01436", "spanish");
+        EXPECT_EQ(QStringList({found.path, found.extension}), QStringList({chosen, chosen.right(4)}));
+        EXPECT_EQ(session.missing_sound_count, missing) << chosen.toStdString();
+    }
+    // The language passed is used, not the current one.
+    session.current_language = "french";
+    EXPECT_EQ(choose_sound_file(session, "70012", "german").path, session.languages_folder + "german/70/70012.mp3");
 }
 
 TEST(SoundErrorText, CodesUpToNineteenHaveWordsOfTheirOwnAndEveryOtherCodeTheUnknownOnes)

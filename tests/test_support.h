@@ -9,16 +9,20 @@
 
 #include "quorvane/testing.h"
 
+#include <QApplication>
 #include <QByteArray>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QInputDialog>
 #include <QMap>
+#include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
 #include <QString>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -100,10 +104,7 @@ inline QByteArray audioOf(const QByteArray& file)
 // count copies of line, each ended with CR LF.
 inline QByteArray repeatedLines(const QByteArray& line, int count)
 {
-    QByteArray bytes;
-    for (int i = 0; i < count; ++i)
-        bytes += line + "\r\n";
-    return bytes;
+    return (line + "\r\n").repeated(count);
 }
 
 // Runs a command-line tool to its end: its exit code (-1 when it does not finish in a minute), with
@@ -156,20 +157,48 @@ inline QStringList boxes(const ScriptedPrompts& prompts)
     return texts;
 }
 
+// Answers each real box as a user would, from inside the event loop: the next answer ("=" keeps
+// what the box offers) and OK. Notes each box as "parent window|text", its title, and what each
+// input box offered.
+struct BoxAnswerer : QObject
+{
+    QStringList answers, seen, titles, offered;
+    QTimer timer;
+    explicit BoxAnswerer(QStringList script = {}) : answers(std::move(script))
+    {
+        connect(&timer, &QTimer::timeout, this, [this] {
+            for (QWidget* box : QApplication::topLevelWidgets()) {
+                if (!box->isVisible() || !(qobject_cast<QMessageBox*>(box) || qobject_cast<QInputDialog*>(box)))
+                    continue;
+                const QString parent = box->parentWidget() ? box->parentWidget()->window()->objectName() : "(none)";
+                titles.append(box->windowTitle());
+                if (auto* input = qobject_cast<QInputDialog*>(box)) {
+                    seen.append(parent + "|" + input->labelText());
+                    offered.append(input->textValue());
+                    if (const QString answer = answers.isEmpty() ? QString() : answers.takeFirst(); answer != "=")
+                        input->setTextValue(answer);
+                    input->accept();
+                } else if (auto* message = qobject_cast<QMessageBox*>(box)) {
+                    seen.append(parent + "|" + message->text());
+                    message->button(message->button(QMessageBox::Ok) ? QMessageBox::Ok : QMessageBox::Yes)->click();
+                }
+            }
+        });
+        timer.start(1);
+    }
+};
+
 // A main view that records what the core asks of it.
 class RecordingMainView : public MainView
 {
 public:
     void show_sound_caption(const QString& caption) override { captions.append(caption); }
-    void show_word_count(const QString& caption) override { wordCounts.append(caption); }
+    void show_word_count(const QString&) override {}
     void display_words() override { ++displayed; }
-    void refresh_known_list() override { ++knownRefreshed; }
-    void show_main_window() override { ++shown; }
+    void refresh_known_list() override {}
+    void show_main_window() override {}
     QStringList captions;
-    QStringList wordCounts;
     int displayed = 0;
-    int knownRefreshed = 0;
-    int shown = 0;
 };
 
 // A FakeSound that runs onPlay with the path of every sound as it starts.
@@ -205,8 +234,6 @@ struct CoreSession
         session.attachMainView(&view);
     }
     ~CoreSession() { QDir::setCurrent(previousFolder); }
-    CoreSession(const CoreSession&) = delete;
-    CoreSession& operator=(const CoreSession&) = delete;
 };
 
 // The shared session as a GoogleTest fixture.

@@ -40,12 +40,13 @@ TEST(WordFiles, WordArraysHoldTheEntriesOfThreeFieldsAndAnEmptyLastSlot)
     quorvane::test::CoreSession core;
     const ProgramFolder& folder = core.folder;
     Session& s = core.session;
+    const auto arrays = [](const Session& read) { return QList({read.words, read.translations, read.sound_numbers}); };
     // Every line end, Windows-1252 bytes, an empty sound number, lines of two and four fields.
     folder.write("list.txt", "a\xE9|\x80|01003\r\n||\r\nx|y\n\nuno|one|01001\rdos|two|\r\nx|y|z|w\r\ntres|three|01003");
     create_array_of_words(s, folder.file("list.txt"));
-    EXPECT_EQ(s.words, QStringList({QString::fromUtf8("aé"), "uno", "dos", "tres", ""}));
-    EXPECT_EQ(s.translations, QStringList({QString::fromUtf8("€"), "one", "two", "three", ""}));
-    EXPECT_EQ(s.sound_numbers, QStringList({"01003", "01001", "", "01003", ""}));
+    EXPECT_EQ(arrays(s), QList<QStringList>({{QString::fromUtf8("aé"), "uno", "dos", "tres", ""},
+                                             {QString::fromUtf8("€"), "one", "two", "three", ""},
+                                             {"01003", "01001", "", "01003", ""}}));
     EXPECT_EQ(s.wordCount(), 4);
     create_array_of_words(s, folder.file("missing.txt"));
     EXPECT_EQ(s.wordCount(), 0);
@@ -79,9 +80,7 @@ TEST(WordFiles, WordArraysHoldTheEntriesOfThreeFieldsAndAnEmptyLastSlot)
         Session fresh(core.prompts, core.sound, core.clock);
         create_array_of_words(fresh, folder.file("list.txt"));
         create_array_of_words(s, folder.file("list.txt"));
-        ASSERT_EQ(s.words, fresh.words) << bytes.toHex().toStdString();
-        ASSERT_EQ(s.translations, fresh.translations) << bytes.toHex().toStdString();
-        ASSERT_EQ(s.sound_numbers, fresh.sound_numbers) << bytes.toHex().toStdString();
+        ASSERT_EQ(arrays(s), arrays(fresh)) << bytes.toHex().toStdString();
     }
 
     // The table holds 30,001 entries; one more leaves the arrays as they were.
@@ -92,7 +91,7 @@ TEST(WordFiles, WordArraysHoldTheEntriesOfThreeFieldsAndAnEmptyLastSlot)
     EXPECT_EQ(s.wordCount(), kMaxWordEntries);
 }
 
-TEST(WordFiles, PairingLinesFillTheTableAndAMalformedLineLoadsNothing)
+TEST(WordFiles, PairingLinesFillTheTableAMalformedLineLoadsNothingAndFoldersAreListedInWindowsOrder)
 {
     ProgramFolder folder;
     QStringList table(kSoundNumberSlots);
@@ -112,13 +111,11 @@ TEST(WordFiles, PairingLinesFillTheTableAndAMalformedLineLoadsNothing)
         EXPECT_THROW(load_trans_index(folder.file("index.dat"), fresh), TableLimitError) << bad.constData();
         EXPECT_EQ(fresh[17], "") << "a partial table was loaded for " << bad.constData();
     }
-}
 
-TEST(WordFiles, AFolderIsListedAsAWindowsFileSystemListsIt)
-{
-    // Upper-cased and compared code by code: "S" (0x53) before "_" (0x5F), "N" before "P", "A" before "Z".
-    ProgramFolder folder;
+    // A folder is listed as a Windows file system lists it: upper-cased and compared code by code,
+    // "S" (0x53) before "_" (0x5F), "N" before "P", "A" before "Z".
+    ProgramFolder names;
     for (const char* name : {"Zebra", "apple", "animal_sounds", "animals"})
-        folder.write(name, "x");
-    EXPECT_EQ(scan_folder(folder.path()), QStringList({"animals", "animal_sounds", "apple", "Zebra"}));
+        names.write(name, "x");
+    EXPECT_EQ(scan_folder(names.path()), QStringList({"animals", "animal_sounds", "apple", "Zebra"}));
 }

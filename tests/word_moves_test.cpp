@@ -20,38 +20,29 @@ namespace {
 
 const QByteArray kThreeWords = "comer|to eat|01436\r\nagua|water|01002\r\ncasa|house|01003\r\n";
 
-// An answer to the repeat-count box and the count it leaves.
-using Answer = std::pair<QString, int>;
-
-class RepeatCount : public CoreTest, public ::testing::WithParamInterface<Answer>
-{
-};
-
 } // namespace
 
-TEST_P(RepeatCount, KeepsOneToSixtyAndOtherwiseSetsThreeWithAMessage)
+TEST_F(WordMoves, TheRepeatCountKeepsOneToSixtyAndOtherwiseSetsThreeWithAMessage)
 {
-    const auto [answer, expected] = GetParam();
-    prompts.push(answer);
-    session.repeat_count = 17;
-    ask_repeat_count(session);
-    EXPECT_EQ(session.repeat_count, expected);
-    QStringList shown = {"input||How many times should words be repeated before going to the next word? "
-                         "Recommended ranges are from 3 to 30."};
-    if (expected == 3)
-        shown.append("message||That was too few or too many. It is now set to 3.");
-    EXPECT_EQ(boxes(prompts), shown);
+    const std::pair<const char*, int> answers[] = {{"1", 1},    {"60", 60}, {" 12 ", 12}, {"60.5", 60},
+                                                   {"0", 3},    {"61", 3},  {"-5", 3},    {"0.5", 3},
+                                                   {"lots", 3}, {"", 3},    {"40000", 3}};
+    const QString ask = "input||How many times should words be repeated before going to the next word? "
+                        "Recommended ranges are from 3 to 30.";
+    const QString reset = "message||That was too few or too many. It is now set to 3.";
+    for (const auto& [answer, expected] : answers) {
+        prompts.shown.clear();
+        prompts.push(QString(answer));
+        session.repeat_count = 17;
+        ask_repeat_count(session);
+        EXPECT_EQ(session.repeat_count, expected) << answer;
+        EXPECT_EQ(boxes(prompts), expected == 3 ? QStringList({ask, reset}) : QStringList({ask})) << answer;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Answers, RepeatCount,
-                         ::testing::Values(Answer{"1", 1}, Answer{"60", 60}, Answer{" 12 ", 12}, Answer{"60.5", 60},
-                                           Answer{"0", 3}, Answer{"61", 3}, Answer{"-5", 3}, Answer{"0.5", 3},
-                                           Answer{"lots", 3}, Answer{"", 3}, Answer{"40000", 3}));
 
 TEST_F(WordMoves, RandomIndexStaysInItsRangeAndRepeatsWithinOneTick)
 {
-    std::set<double> seen;
-    std::set<double> spread;
+    std::set<double> seen, spread;
     for (int tick = 0; tick < 300; ++tick) {
         clock.now = 36000.0 + tick * 0.01;
         EXPECT_EQ(random_index(session, 0, 0), 0.0);
