@@ -1,5 +1,7 @@
 #include <QApplication>
+#include <QSettings>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -12,6 +14,10 @@ int main(int argc, char* argv[])
         qputenv("SDL_AUDIODRIVER", "dummy");
     // Settings the program remembers go to a test folder, never the user's own.
     QStandardPaths::setTestModeEnabled(true);
+    // Each test process has a settings folder of its own, so a run stopped part-way or a run beside
+    // it never leaves a changed setting for the next one.
+    const QTemporaryDir settingsFolder;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settingsFolder.path());
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     testing::InitGoogleTest(&argc, argv);
