@@ -97,6 +97,30 @@ TEST(FlashCards, StartSetsDefaultsDelaysTheTextsTellsTheCardAndMarkingGoesOnToTh
     p.main()->flash_cards_click();
     EXPECT_EQ(std::tuple(s.delay_top, s.delay_bottom), std::tuple(0, 0));
     EXPECT_EQ(shown, (QList<std::pair<bool, bool>>(4, {true, true})));
+
+    // "Mark Word As Known" moves the word and goes on until one word is left.
+    p.sound.played.clear();
+    QList<int> known; // the course numbers of the words marked, as they were heard
+    QString remaining;
+    p.sound.onPlay = [&](const QString&) {
+        if (known.size() == 1)
+            remaining = largeCards()->num_lbl->text();
+        known.append(s.words.value(s.current_index).mid(7).toInt());
+        Program::press("qvplay", "i_know_this_word");
+    };
+    // Blank cards say nothing: without this a list of them would never end.
+    p.clock.at(600.0, [] { Program::press("qvplay", "pause"); });
+    p.main()->flash_cards_click();
+    // Each mark began the next card at once with another word; the cards end when one word is left.
+    ASSERT_EQ(known.size(), 2);
+    EXPECT_NE(p.sound.played[1], p.sound.played[0]);
+    const int left = 3 - known[0] - known[1];
+    EXPECT_EQ(p.folder.read("users/kestrin/spanish/words-k.txt"), courseEntry(known[0]) + courseEntry(known[1]));
+    // The unknown file is written from the arrays, their empty last slot included as "||", which
+    // is no entry: the words are gone, the count falls by one each time.
+    EXPECT_EQ(p.folder.read("users/kestrin/spanish/words-u.txt"), courseEntry(left) + "||\r\n");
+    EXPECT_EQ(s.words, QStringList({"palabra" + QString::number(left), ""}));
+    EXPECT_EQ(std::tuple(remaining, p.main()->known_lists->count()), std::tuple("2 words remain on this list", 1));
 }
 
 TEST(FlashCards, FontSizesTranslationNumbersAndDraws)
@@ -192,30 +216,6 @@ TEST(FlashCards, TheSettingBoxesOfBothWindowsKeepTheirBoundsAndValuesOnBadEntrie
     EXPECT_EQ(said.mid(10), QStringList({"How many times should the top word be played before the bottom word is "
                                          "played?   This works only if both languages are installed.",
                                          "This plays just the top word."}));
-
-    // "Mark Word As Known" moves the word and goes on until one word is left.
-    p.sound.played.clear();
-    QList<int> known; // the course numbers of the words marked, as they were heard
-    QString remaining;
-    p.sound.onPlay = [&](const QString&) {
-        if (known.size() == 1)
-            remaining = largeCards()->num_lbl->text();
-        known.append(s.words.value(s.current_index).mid(7).toInt());
-        Program::press("qvplay", "i_know_this_word");
-    };
-    // Blank cards say nothing: without this a list of them would never end.
-    p.clock.at(600.0, [] { Program::press("qvplay", "pause"); });
-    p.main()->flash_cards_click();
-    // Each mark began the next card at once with another word; the cards end when one word is left.
-    ASSERT_EQ(known.size(), 2);
-    EXPECT_NE(p.sound.played[1], p.sound.played[0]);
-    const int left = 3 - known[0] - known[1];
-    EXPECT_EQ(p.folder.read("users/kestrin/spanish/words-k.txt"), courseEntry(known[0]) + courseEntry(known[1]));
-    // The unknown file is written from the arrays, their empty last slot included as "||", which
-    // is no entry: the words are gone, the count falls by one each time.
-    EXPECT_EQ(p.folder.read("users/kestrin/spanish/words-u.txt"), courseEntry(left) + "||\r\n");
-    EXPECT_EQ(s.words, QStringList({"palabra" + QString::number(left), ""}));
-    EXPECT_EQ(std::tuple(remaining, p.main()->known_lists->count()), std::tuple("2 words remain on this list", 1));
 }
 
 TEST(FlashCards, SkipEndsTheCardPauseStopsResumeDrawsReplayDoesNotAndADrillRunsOnVirtualTime)

@@ -273,7 +273,7 @@ TEST(RecordingSession, ATakeThatCannotBeStoredIsToldKeepsTheOldTakeAndEndsTheSes
          {Case{Step::write, recordingOf(1), "the disk is full"}, Case{Step::flush, recordingOf(1), "the disk is full"},
           Case{Step::rename, recordingOf(1), "the disk is full"}, Case{std::nullopt, newStr, "Not a directory"}}) {
         SCOPED_TRACE(kept.toStdString() + " " + cause);
-        SessionRun run(2);
+        SessionRun run(3);
         run.choose(1);
         run.state.record_single = flags::kYes;
         run.folder.write(kept, "the old bytes");
