@@ -237,9 +237,8 @@ TEST(FlashCards, SkipEndsTheCardPauseStopsResumeDrawsReplayDoesNotAndADrillRunsO
     const int before = s.current_index;
     p.pauseAtSound(3);
     largeCards()->resume_click();
-    ASSERT_EQ(played.size(), 3);
     EXPECT_NE(s.current_index, before);
-    EXPECT_EQ(played[2], p.played(spanishPath(s.current_index)));
+    EXPECT_EQ(played.mid(2), QStringList({p.played(spanishPath(s.current_index))}));
 
     // Resume when the cards are not paused does nothing.
     s.stop_flag = "no";
