@@ -54,12 +54,10 @@ TEST(FlashCards, EveryCardPlaysThePatternOfItsSpeechMode)
         s.interlace_count = qint16(interlace);
         s.repeat_count = qint16(repeats);
         // One whole card, then the first sound of the next.
-        const qsizetype length = QString(pattern).size();
-        p.pauseAtSound(length + 1);
+        p.pauseAtSound(QString(pattern).size() + 1);
         p.main()->flash_cards_click();
-        ASSERT_EQ(p.sound.played.size(), length + 1);
-        EXPECT_EQ(p.sound.played.mid(0, length), cardSounds(p, s.previous_index, pattern));
-        EXPECT_EQ(p.sound.played.last(), cardSounds(p, s.current_index, QString(pattern).left(1)).first());
+        EXPECT_EQ(p.sound.played,
+                  cardSounds(p, s.previous_index, pattern) + cardSounds(p, s.current_index, QString(pattern).left(1)));
     }
 }
 
