@@ -8,17 +8,10 @@ using namespace quorvane::basic;
 
 TEST(Basic, WholeNumbersRoundHalvesToEvenWithinSixteenBitsAndOtherNumbersReadAsWritten)
 {
-    const std::pair<const char*, std::optional<int>> whole[] = {{"2.5", 2},
-                                                                {"3.5", 4},
-                                                                {"-2.5", -2},
-                                                                {" 60 ", 60},
-                                                                {"32767.4", 32767},
-                                                                {"-32768", -32768},
-                                                                {"32767.5", std::nullopt},
-                                                                {"-32769", std::nullopt},
-                                                                {"", std::nullopt},
-                                                                {"abc", std::nullopt},
-                                                                {"5x", std::nullopt}};
+    const std::optional<int> none;
+    const std::pair<const char*, std::optional<int>> whole[] = {
+        {"2.5", 2},        {"3.5", 4},       {"-2.5", -2}, {" 60 ", 60},  {"32767.4", 32767}, {"-32768", -32768},
+        {"32767.5", none}, {"-32769", none}, {"", none},   {"abc", none}, {"5x", none}};
     for (const auto& [text, value] : whole)
         EXPECT_EQ(toInteger(QString(text)), value) << text;
     EXPECT_EQ(toLong(QString("70000")), 70000);

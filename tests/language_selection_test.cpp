@@ -77,8 +77,7 @@ TEST(LanguageSelection, ChoosingALanguageListsItsListsSweepsEmptyFilesAndLoadsTh
     // Open a list, then choose a language without a trans file: nothing is shown any more and the
     // previous target and its pairings stay in force.
     select_row(main->lists_list, 2);
-    EXPECT_EQ(s.current_list, "Verbs");
-    EXPECT_EQ(main->words_list->count(), 1);
+    EXPECT_EQ(QStringList({s.current_list}) + items(main->words_list), QStringList({"Verbs", "ir"}));
     Program::choose(main->lang_list, "german");
     EXPECT_EQ(s.shown_file, "");
     EXPECT_EQ(items(main->words_list) + items(main->words_liste) + items(main->known_lists), QStringList());
@@ -99,8 +98,8 @@ TEST(LanguageSelection, ChoosingALanguageListsItsListsSweepsEmptyFilesAndLoadsTh
     const QStringList before = state();
     Program::choose(main->lang_list, "welsh");
     ASSERT_EQ(p.prompts.shown.size(), 2);
-    EXPECT_EQ(p.prompts.shown[1].kind, "message");
-    EXPECT_TRUE(p.prompts.shown[1].text.contains("trans_index_welsh_english.dat"))
+    EXPECT_TRUE(p.prompts.shown[1].kind == "message" &&
+                p.prompts.shown[1].text.contains("trans_index_welsh_english.dat"))
         << p.prompts.shown[1].text.toStdString();
     EXPECT_EQ(state(), before);
     EXPECT_FALSE(p.folder.exists("users/kestrin/welsh"));

@@ -45,8 +45,7 @@ TEST(Cipher, AKnownVectorFilesThatAgreeWithOpensslAndTheWavFilesMadeOfThem)
     EXPECT_FALSE(folder.exists("absent.tmp"));
 
     // A recording becomes a WAV file beside it: the header, then the samples; the .tmp file goes.
-    EXPECT_EQ(four_byte_text(16777218).toHex(), QByteArray("02000001"));
-    EXPECT_EQ(four_byte_text(2147483647).toHex(), QByteArray("ffffff7f"));
+    EXPECT_EQ((four_byte_text(16777218) + four_byte_text(2147483647)).toHex(), QByteArray("02000001ffffff7f"));
     auto recording = [&](const QString& name) {
         folder.write(name + ".tmp", samples);
         EXPECT_TRUE(encipher_file(folder.file(name + ".tmp"), folder.file(name + ".str")));
@@ -61,25 +60,18 @@ TEST(Cipher, AKnownVectorFilesThatAgreeWithOpensslAndTheWavFilesMadeOfThem)
         "52494646 ba780000 57415645 666d7420 10000000 0100 0100 22560000 44ac0000 0200 1000 64617461 "
         "96780000");
     const QByteArray bytes = folder.read("new_str/01/01436.wav");
-    EXPECT_EQ(bytes.size(), 30914);
-    EXPECT_EQ(bytes.left(44).toHex(), header.toHex());
-    EXPECT_TRUE(bytes.mid(44) == samples);
+    EXPECT_TRUE(bytes == header + samples) << bytes.left(44).toHex().toStdString();
 
     // Kept: a longer old WAV of the same name is overwritten from the start, its tail left behind.
     folder.write("old/5.wav", QByteArray(40000, 'Z'));
     str_to_wav(recording("old/5"));
-    const QByteArray overwritten = folder.read("old/5.wav");
-    EXPECT_EQ(overwritten.size(), 40000);
-    EXPECT_TRUE(overwritten.left(30914) == bytes);
-    EXPECT_EQ(overwritten.mid(30914), QByteArray(40000 - 30914, 'Z'));
+    EXPECT_TRUE(folder.read("old/5.wav") == bytes + QByteArray(40000 - bytes.size(), 'Z'));
 
     // A recording that does not decipher gives a header stating no samples.
     folder.write("bad/9.str", "not enciphered");
     str_to_wav(folder.file("bad/9.str"));
-    const QByteArray empty = folder.read("bad/9.wav");
-    EXPECT_EQ(empty.size(), 44);
-    EXPECT_EQ(empty.mid(4, 4).toHex(), QByteArray("24000000"));
-    EXPECT_EQ(empty.mid(40, 4).toHex(), QByteArray("00000000"));
+    EXPECT_EQ(folder.read("bad/9.wav").toHex(),
+              (header.left(4) + QByteArray::fromHex("24000000") + header.mid(8, 32) + QByteArray(4, '\0')).toHex());
 }
 
 using SoundFiles = quorvane::test::CoreTest;
@@ -112,16 +104,10 @@ TEST_F(SoundFiles, ChoosesTheNewRecordingOnlyWhileTheRecordWindowPlays)
 
 TEST(SoundErrorText, CodesUpToNineteenHaveWordsOfTheirOwnAndEveryOtherCodeTheUnknownOnes)
 {
-    const QString unknown = sound_error_text(-1);
-    EXPECT_FALSE(unknown.isEmpty());
+    QStringList texts = {sound_error_text(-1).trimmed()};
+    for (int code = 0; code < 20; ++code)
+        texts.append(sound_error_text(code).trimmed());
+    EXPECT_EQ(texts.removeDuplicates() + texts.count(QString()), 0) << texts.join('\n').toStdString();
     for (const int code : {20, 1000})
-        EXPECT_EQ(sound_error_text(code), unknown) << code;
-    QStringList seen;
-    for (int code = 0; code < 20; ++code) {
-        const QString text = sound_error_text(code);
-        EXPECT_FALSE(text.trimmed().isEmpty()) << code;
-        EXPECT_NE(text, unknown) << code;
-        EXPECT_FALSE(seen.contains(text)) << code;
-        seen.append(text);
-    }
+        EXPECT_EQ(sound_error_text(code), sound_error_text(-1)) << code;
 }

@@ -39,8 +39,8 @@ TEST(Startup, SoundFailureIsExplainedThenTheNameIsAskedThenLanguagesAreListed)
     EXPECT_EQ(p.sound.initArguments, QList<int>({22050, 64, 0}));
 
     // Listed in the order a Windows scan gives, plain files too, and the first one chosen.
-    EXPECT_EQ(items(main->lang_list), QStringList({"English", "german", "readme.txt", "spanish"}));
-    EXPECT_EQ(main->lang_list->currentRow(), 0);
+    EXPECT_EQ(std::pair(items(main->lang_list), main->lang_list->currentRow()),
+              std::pair(QStringList({"English", "german", "readme.txt", "spanish"}), 0));
     const Session& s = p.session();
     EXPECT_EQ(std::tuple(s.current_language, s.sound_ok, s.user_name, s.user_folder, s.languages_folder),
               std::tuple("English", false, "kestrin", QDir::currentPath() + "/users/kestrin/",
@@ -72,12 +72,11 @@ TEST(Startup, WithoutASoundLibraryOnlyItsMessageIsShownAndTheRealEngineStartsSil
             // No languages folder when the engine starts: nothing listed, nothing said.
             EXPECT_EQ(main->lang_list->count(), 0);
             const Session& s = p.session();
-            EXPECT_EQ(std::tuple(s.sound_ok, s.current_language), std::tuple(starts, ""));
-            EXPECT_EQ(p.folder.exists("users"), starts);
+            EXPECT_EQ(std::tuple(s.sound_ok, s.current_language, p.folder.exists("users"), p.sound.initialised,
+                                 main->isVisible()),
+                      std::tuple(starts, "", starts, false, true));
             // An empty name shares the users folder.
             EXPECT_TRUE(!starts || s.user_folder == QDir::currentPath() + "/users//") << s.user_folder.toStdString();
-            EXPECT_FALSE(p.sound.initialised);
-            EXPECT_TRUE(main->isVisible());
         }
         qputenv("SDL_AUDIODRIVER", previous);
     }
@@ -114,17 +113,17 @@ TEST(MainWindow, EveryNamedControlHasACaptionOfItsOwnAndTheFontToggleMenuMessage
     EXPECT_TRUE(main->Label5->text().contains(QString::fromLatin1(product::kWebAddress)));
 
     // The font toggle switches three lists between 8 and 10 points.
-    const QList<QListWidget*> toggled = {main->lists_list, main->words_list, main->words_liste};
+    const auto sizes = [main] {
+        QList<int> points;
+        for (const QListWidget* box :
+             {main->lists_list, main->words_list, main->words_liste, main->lang_list, main->known_lists})
+            points.append(box->font().pointSize());
+        return std::pair(main->toggle_font->text(), points);
+    };
     main->toggle_font_click();
-    EXPECT_EQ(main->toggle_font->text(), "Decrease Font");
-    for (QListWidget* box : toggled)
-        EXPECT_EQ(box->font().pointSize(), 10) << box->objectName().toStdString();
-    EXPECT_EQ(main->lang_list->font().pointSize(), 8);
-    EXPECT_EQ(main->known_lists->font().pointSize(), 8);
+    EXPECT_EQ(sizes(), std::pair(QString("Decrease Font"), QList<int>({10, 10, 10, 8, 8})));
     main->toggle_font->click();
-    EXPECT_EQ(main->toggle_font->text(), "Increase Font");
-    for (QListWidget* box : toggled)
-        EXPECT_EQ(box->font().pointSize(), 8) << box->objectName().toStdString();
+    EXPECT_EQ(sizes(), std::pair(QString("Increase Font"), QList<int>({8, 8, 8, 8, 8})));
 
     // Each menu item shows its own message under its title; the contacts and the version are named, and
     // the troubleshooting lines are broken by carriage returns alone.
@@ -132,17 +131,14 @@ TEST(MainWindow, EveryNamedControlHasACaptionOfItsOwnAndTheFontToggleMenuMessage
     for (QAction* item : {main->Instructions2, main->Help2, main->Troubleshooting, main->About1})
         item->trigger();
     const QString web = QString::fromLatin1(product::kWebAddress);
-    ASSERT_EQ(p.prompts.shown.size(), 4);
-    QStringList texts;
-    for (const ShownBox& box : p.prompts.shown) {
-        EXPECT_FALSE(box.text.isEmpty() || texts.contains(box.text)) << box.title.toStdString();
-        texts.append(box.text);
-    }
-    EXPECT_EQ(QStringList({p.prompts.shown[0].title, p.prompts.shown[1].title, p.prompts.shown[2].title}),
-              QStringList({"Instructions", "Help", "Troubleshooting"}));
+    QStringList texts = p.prompts.texts();
+    ASSERT_EQ(texts.size(), 4);
+    EXPECT_EQ(texts.removeDuplicates() + texts.count(QString()), 0) << texts.join('\n').toStdString();
+    EXPECT_EQ(QStringList({p.prompts.shown[0].title, p.prompts.shown[1].title, p.prompts.shown[2].title,
+                           p.prompts.shown[3].title}),
+              QStringList({"Instructions", "Help", "Troubleshooting", "About " + web + " Vocabulary Tutor"}));
     EXPECT_TRUE(texts[1].contains(web) && texts[1].contains(QString::fromLatin1(product::kMaintainerEmail)));
     EXPECT_TRUE(texts[2].count('\r') >= 5 && !texts[2].contains('\n'));
-    EXPECT_EQ(p.prompts.shown[3].title, "About " + web + " Vocabulary Tutor");
     EXPECT_TRUE(texts[3].contains(QString::fromLatin1(product::kVersion)));
 
     // Exit closes the sound library and every window.

@@ -124,15 +124,13 @@ TEST(UnknownWords, OpeningAListMakesItsUnknownFileOnceShowsAndCountsItsEntriesAn
     const auto filesBefore = p.folder.snapshot();
 
     // A list of 30,002 entries, and a known file of 20,002 lines: each said with its file and limit.
-    for (const auto& [list, limit] : {std::pair("huge", "30001"), std::pair("big", "20001")}) {
+    for (const auto& [list, file, limit] : {std::tuple("huge", "languages/spanish/huge.txt", "30001"),
+                                            std::tuple("big", "users/kestrin/spanish/big-k.txt", "20001")}) {
         p.prompts.shown.clear();
         Program::choose(main->lists_list, list);
-        ASSERT_EQ(p.prompts.shown.size(), 1);
-        const QString text = p.prompts.shown[0].text;
-        EXPECT_TRUE((text.contains(p.folder.file("languages/spanish/") + list) ||
-                     text.contains(p.folder.file("users/kestrin/spanish/") + list)) &&
-                    text.contains(limit))
-            << text.toStdString();
+        ASSERT_EQ(p.prompts.texts().size(), 1);
+        const QString text = p.prompts.texts()[0];
+        EXPECT_TRUE(text.contains(p.folder.file(file)) && text.contains(limit)) << text.toStdString();
         EXPECT_EQ(state(), before);
         EXPECT_TRUE(p.folder.snapshot() == filesBefore);
     }
@@ -174,8 +172,7 @@ TEST(UnknownWords, AClickSaysTheWordOnceAndTheTranslationInTheTargetLanguageADou
 
     // The word: said once, the translation box follows without a sound; a second click says it again.
     clickRow(main->words_list, 1);
-    EXPECT_EQ(main->words_liste->currentRow(), 1);
-    EXPECT_EQ(main->Label6->text(), "File # 01002");
+    EXPECT_EQ(std::pair(main->words_liste->currentRow(), main->Label6->text()), std::pair(1, QString("File # 01002")));
     clickRow(main->words_list, 1);
     EXPECT_EQ(p.sound.played, QStringList(2, p.played("spanish/01/01002.mp3")));
 
@@ -183,12 +180,10 @@ TEST(UnknownWords, AClickSaysTheWordOnceAndTheTranslationInTheTargetLanguageADou
     p.sound.played.clear();
     clickRow(main->words_liste, 2);
     EXPECT_EQ(p.sound.played, QStringList({p.played("english/00/00203.mp3")}));
-    EXPECT_EQ(main->words_list->currentRow(), 2);
-    EXPECT_EQ(main->Label6->text(), "File # 00203");
+    EXPECT_EQ(std::pair(main->words_list->currentRow(), main->Label6->text()), std::pair(2, QString("File # 00203")));
     // A word without a pairing has no translation to say.
     clickRow(main->words_liste, 3);
-    EXPECT_EQ(p.sound.played.size(), 1);
-    EXPECT_EQ(main->words_list->currentRow(), 3);
+    EXPECT_EQ(std::pair(p.sound.played.size(), main->words_list->currentRow()), std::pair(qsizetype(1), 3));
 
     // Row 1 of gap shows "tres" but stands for index 1 of the arrays, the entry without a sound
     // number: neither the word nor the translation has anything to say.
@@ -204,9 +199,9 @@ TEST(UnknownWords, AClickSaysTheWordOnceAndTheTranslationInTheTargetLanguageADou
     // selected nothing moves.
     Program::choose(main->lists_list, "numbers");
     EXPECT_EQ(main->known_lists->count(), 0);
+    const auto before = p.folder.snapshot();
     main->words_list_dblclick();
-    EXPECT_EQ(p.folder.read("users/kestrin/spanish/numbers-u.txt"), kFourWords);
-    EXPECT_FALSE(p.folder.exists("users/kestrin/spanish/numbers-k.txt"));
+    EXPECT_TRUE(p.folder.snapshot() == before);
 
     clickRow(main->words_list, 1);
     p.sound.played.clear();

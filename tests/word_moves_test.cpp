@@ -75,7 +75,7 @@ TEST_F(WordMoves, AWordMoveToARowOutsideTheArraysOrAFailedWriteNeverLosesTheWord
     folder.write("users/kestrin/spanish/plain", "a file, not a folder");
     QString error;
     move_word(session, folder.file("users/kestrin/spanish/plain/food-k.txt"), session.unknown_file, 0, &error);
-    prompts.message(error);
+    EXPECT_TRUE(error.contains("food-k.txt")) << error.toStdString();
     EXPECT_EQ(folder.read("users/kestrin/spanish/food-u.txt"), kThreeWords);
     // The source cannot be replaced (a folder stands at its path): the word added to the target is
     // taken back.
@@ -83,13 +83,10 @@ TEST_F(WordMoves, AWordMoveToARowOutsideTheArraysOrAFailedWriteNeverLosesTheWord
     folder.mkdir("users/kestrin/spanish/blocked-u.txt");
     session.shown_file = blocked;
     move_word(session, session.known_file, blocked, 2, &error);
-    prompts.message(error);
+    EXPECT_TRUE(error.contains("blocked-u.txt")) << error.toStdString();
     EXPECT_FALSE(folder.exists("users/kestrin/spanish/food-k.txt"));
     EXPECT_TRUE(QFileInfo(blocked).isDir());
-
-    ASSERT_EQ(prompts.shown.size(), 2);
-    EXPECT_TRUE(prompts.shown[0].text.contains("food-k.txt")) << prompts.shown[0].text.toStdString();
-    EXPECT_TRUE(prompts.shown[1].text.contains("blocked-u.txt")) << prompts.shown[1].text.toStdString();
+    EXPECT_EQ(boxes(prompts), QStringList());
     EXPECT_EQ(view.displayed, 0);
     EXPECT_EQ(session.wordCount(), 3);
 }
