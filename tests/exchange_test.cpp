@@ -6,16 +6,17 @@
 #include "exchange/csv_reader.h"
 #include "exchange/kvtml.h"
 #include "exchange/word_import.h"
+#include "record/ui/record_window.h"
 #include "sound/sound_files.h"
 #include "store/file_faults.h"
 #include "widgets/qt_prompts.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QEventLoop>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
+#include <QPointer>
 #include <QTimer>
 
 #include <cerrno>
@@ -223,49 +224,53 @@ TEST(ExchangeWindow, ImportedWordsPlayTheirAudioAndExportsReimportIdentically)
     EXPECT_EQ(p.sound.played, QStringList{p.played("spanish/70/70000.mp3")});
 }
 
-// The File menu's item, its real file dialog and its real summary box, answered inside the event loop.
-TEST(ExchangeRealBoxes, ImportMenuAsksForTheFileAndSumsUp)
+// The File menu's item and its real file dialog, and the real box of a list file gone from under the record
+// window, all answered inside the event loop.
+TEST(ExchangeRealBoxes, ImportMenuAsksForTheFileAndSumsUpAndAListGoneFromTheRecordWindowIsTold)
 {
-    struct NameThenRealBoxes : QtPrompts
-    {
-        QString input(const QString& prompt, const QString& title, const QString& defaultText) override
-        {
-            return named++ ? QtPrompts::input(prompt, title, defaultText) : QString("kestrin");
-        }
-        int named = 0;
-    } prompts;
+    test::BoxAnswerer answerer({"kestrin"}); // the student's name, then OK in every message box
+    QtPrompts prompts;
     Program program;
     program.folder.mkdir("languages/spanish");
-    program.folder.write("in/words.csv", "uno,one\r\n");
-    std::unique_ptr<QWidget> window(start(program.folder.path(), &prompts, &program.sound, &program.clock));
-    auto* main = static_cast<MainWindow*>(window.get());
-    QString summary;
-    int ticks = 0;
-    QEventLoop loop;
-    QTimer answer;
-    QObject::connect(&answer, &QTimer::timeout, [&] {
-        if (++ticks > 2000) {
-            ADD_FAILURE() << "the boxes did not come up";
-            if (QWidget* open = QApplication::activeModalWidget())
-                open->close();
-            loop.quit();
-        }
-        if (auto* files = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
+    program.folder.write("in/words.csv", "uno,one\r\ndos,two\r\n");
+    QPointer<MainWindow> main =
+        static_cast<MainWindow*>(start(program.folder.path(), &prompts, &program.sound, &program.clock));
+    QTimer files;
+    QObject::connect(&files, &QTimer::timeout, [&] {
+        if (auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
             // The name typed whole: the dialog may still be reading its first folder.
-            files->findChild<QLineEdit*>("fileNameEdit")->setText(program.folder.file("in/words.csv"));
-            static_cast<QDialog*>(files)->accept();
-        } else if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-            summary = box->text();
-            box->accept();
-            loop.quit();
+            dialog->findChild<QLineEdit*>("fileNameEdit")->setText(program.folder.file("in/words.csv"));
+            static_cast<QDialog*>(dialog)->accept();
         }
     });
-    answer.start(10);
-    QTimer::singleShot(0, main->import_list, &QAction::trigger);
-    loop.exec();
-    EXPECT_TRUE(summary.startsWith("Imported 1 entries into the list words, 0 of them with audio."))
-        << summary.toStdString();
-    EXPECT_EQ(program.folder.read("languages/spanish/words.txt"), "uno|one|70000\r\n");
+    files.start(10);
+    QTimer::singleShot(30000, [] {
+        ADD_FAILURE() << "the boxes were not answered";
+        QApplication::exit(1);
+    });
+    QByteArray imported;
+    QStringList shown;
+    QTimer::singleShot(0, [&] {
+        main->import_list->trigger();
+        imported = program.folder.read("languages/spanish/words.txt");
+        main->record_word_list->click();
+        auto* record = static_cast<RecordWindow*>(window("qvrecord"));
+        QFile::remove(program.folder.file("languages/spanish/words.txt"));
+        record->refresh_lists->click();
+        shown = {record->span_list_wo->count() == 2 ? "kept" : "lost", record->words_without_sound->text()};
+        record->close();
+        QApplication::exit(0);
+    });
+    QApplication::exec();
+    delete main.data();
+    EXPECT_EQ(imported, "uno|one|70000\r\ndos|two|70001\r\n");
+    ASSERT_EQ(answerer.seen.size(), 3) << answerer.seen.join('\n').toStdString();
+    EXPECT_TRUE(answerer.seen[1].contains("|Imported 2 entries into the list words, 0 of them with audio."))
+        << answerer.seen[1].toStdString();
+    EXPECT_TRUE(answerer.seen[2].contains("|The file ") &&
+                answerer.seen[2].contains("spanish/words.txt could not be read ("))
+        << answerer.seen[2].toStdString();
+    EXPECT_EQ(shown, QStringList({"kept", "2 Words Without Sound Files"}));
 }
 
 } // namespace
