@@ -53,7 +53,6 @@ TEST_F(CoreTest, ReviewSchedulerLogQueueSettingsAndScores)
         const MemoryState s = reviewed({{grade, 100}});
         EXPECT_NEAR(s.stability, stability[grade - 1], 1e-9) << grade;
         EXPECT_NEAR(s.difficulty, difficulty[grade - 1], 1e-4) << grade;
-        EXPECT_EQ(review::interval_days(s.stability, 0.9), interval[grade - 1]) << grade;
         EXPECT_EQ(review::due_day(s, 0.9), 100 + interval[grade - 1]) << grade;
     }
     EXPECT_EQ(review::interval_days(3.173, 0.8), 8);
@@ -118,8 +117,8 @@ TEST_F(CoreTest, ReviewSchedulerLogQueueSettingsAndScores)
 
     review::ReviewBook& book = review::review_book(session);
     EXPECT_EQ(book.lines(), 3);
-    EXPECT_EQ(book.find("01000", nino)->reviews, 2);
-    EXPECT_EQ(book.find("01000", nino)->misses, 0); // a move back is no missed answer
+    // A move back is no missed answer.
+    EXPECT_EQ(std::pair(book.find("01000", nino)->reviews, book.find("01000", nino)->misses), std::pair(2, 0));
     EXPECT_EQ(book.find("01001", "gato")->stability, 15.69105);
     EXPECT_EQ(book.find("01001", "other"), nullptr);
     EXPECT_EQ(book.knownPerWeek(), (QMap<int, int>{{int(QDate(2026, 1, 5).toJulianDay()), 1}}));
@@ -132,8 +131,7 @@ TEST_F(CoreTest, ReviewSchedulerLogQueueSettingsAndScores)
                      logLine("2026-01-06T10:00:00", "x", "01002", 3, "guess") + "junk\r\n" +
                      logLine("2026-01-07T09:00:00", "gato", "01001", 1, "card") + "2026-01-07T09:00:00\twords");
     EXPECT_EQ(&review::review_book(session), &book);
-    EXPECT_EQ(book.lines(), 8);
-    EXPECT_EQ(book.damaged(), 4);
+    EXPECT_EQ(std::pair(book.lines(), book.damaged()), std::pair(8, 4));
     EXPECT_EQ(book.find("01002", "x"), nullptr);
     EXPECT_EQ(book.mostMissed(20), (QList<QPair<QString, int>>{{"gato", 1}}));
 
@@ -178,10 +176,10 @@ TEST_F(CoreTest, ReviewSchedulerLogQueueSettingsAndScores)
         "kestrin\tspanish\twords\t2\t100%\t00:03 \tMultiple Choice\tText Only\t1/7/2026 9:00:00 AM\r\n",
         "kestrin", "spanish");
     ASSERT_EQ(scores.keys(), QStringList({"Multiple Choice", "Spelling"}));
-    EXPECT_EQ(scores["Spelling"].size(), 2);
-    EXPECT_EQ(scores["Spelling"][1].when, QDateTime(QDate(2026, 1, 6), QTime(13, 5)));
-    EXPECT_EQ(scores["Spelling"][1].percent, 33);
-    EXPECT_EQ(scores["Multiple Choice"].size(), 1);
+    EXPECT_EQ(std::pair(scores["Spelling"].size(), scores["Multiple Choice"].size()),
+              (std::pair<qsizetype, qsizetype>(2, 1)));
+    EXPECT_EQ(std::pair(scores["Spelling"][1].when, scores["Spelling"][1].percent),
+              std::pair(QDateTime(QDate(2026, 1, 6), QTime(13, 5)), 33));
 }
 
 namespace {
