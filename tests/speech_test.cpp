@@ -105,8 +105,7 @@ TEST(Speech, EspeakWithTheTablesVoicesItsCacheAndEncodedMp3InTheCourseFormatOfTh
     // "dos" was the least recently used when "tres" came; then "uno" was, when "dos" came again.
     EXPECT_EQ(fake.spoken, QStringList({"es:uno", "es:dos", "es:tres", "es:dos", "es:uno"}));
     EXPECT_EQ(cache.cachedBytes(), one * 2);
-    EXPECT_FALSE(cache.synthesize("de", "eins", nullptr));
-    EXPECT_FALSE(cache.synthesize("de", "eins", nullptr));
+    EXPECT_FALSE(cache.synthesize("de", "eins", nullptr) || cache.synthesize("de", "eins", nullptr));
     EXPECT_EQ(fake.spoken.size(), 7) << "failures are not remembered";
 }
 
@@ -214,8 +213,8 @@ TEST(SpokenWordsWindows, CompiledFilesAndCardsSpeakWhatIsNotRecordedTheTestAsksI
     p.window.reset();
     p.prompts.push(QString("kestrin"));
     p.start("spanish");
-    EXPECT_FALSE(p.main()->speak_missing_words->isChecked());
-    EXPECT_FALSE(p.session().speak_missing_words);
+    EXPECT_EQ(std::pair(p.main()->speak_missing_words->isChecked(), p.session().speak_missing_words),
+              std::pair(false, false));
     p.main()->speak_missing_words->trigger();
     EXPECT_TRUE(p.session().speak_missing_words);
 }
