@@ -218,12 +218,11 @@ TEST(ReviewWindow, AMissedWordComesBackTheNextDayTheCardsGradeItAndAMoveIsLogged
     EXPECT_EQ(m->due_lbl->text(), "1 words due today");
     const qsizetype before = p.folder.read("users/kestrin/spanish/reviews.txt").size();
     bool gradingShown = false;
-    EXPECT_EQ(reviewRun(p,
-                        [&](FlashWindow* f) {
-                            gradingShown = f->again->isVisible() && f->got_it->isVisible();
-                            f->again->click();
-                        }),
-              QStringList({"palabra1"}));
+    const auto gradeAgain = [&](FlashWindow* f) {
+        gradingShown = f->again->isVisible() && f->got_it->isVisible();
+        f->again->click();
+    };
+    EXPECT_EQ(reviewRun(p, gradeAgain), QStringList({"palabra1"}));
     EXPECT_TRUE(gradingShown);
     const QByteArray graded1 = p.folder.read("users/kestrin/spanish/reviews.txt").mid(before);
     EXPECT_TRUE(graded1.startsWith("2026-01-06T10:0") && graded1.endsWith("\twords\tpalabra1\t01001\t1\tcard\r\n") &&
