@@ -6,16 +6,17 @@
 #include "exchange/csv_reader.h"
 #include "exchange/kvtml.h"
 #include "exchange/word_import.h"
+#include "record/ui/record_window.h"
 #include "sound/sound_files.h"
 #include "store/file_faults.h"
 #include "widgets/qt_prompts.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QEventLoop>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
+#include <QPointer>
 #include <QTimer>
 
 #include <cerrno>
@@ -116,18 +117,15 @@ TEST_F(ExchangeImport, CsvBecomesANewListWithNewNumbersAndItsMp3AudioUnlessCance
     EXPECT_EQ(commit_import(session, "words", *batch, nullptr, &summary, &error), ImportOutcome::Failed);
     file_faults::reset();
     EXPECT_TRUE(error.contains("words.txt")) << error.toStdString();
-    EXPECT_EQ(language("master_spanish.txt"), "casa|house|01000\r\n");
-    EXPECT_EQ(language("highest_num.dat"), " 70100\r\n");
-    EXPECT_FALSE(folder.exists("languages/spanish/words.txt"));
-    EXPECT_FALSE(folder.exists("languages/spanish/70/70100.mp3"));
-    EXPECT_FALSE(folder.exists("languages/spanish/70/70102.mp3"));
+    EXPECT_EQ(language("master_spanish.txt") + language("highest_num.dat"), "casa|house|01000\r\n 70100\r\n");
+    for (const char* made : {"words.txt", "70/70100.mp3", "70/70102.mp3"})
+        EXPECT_FALSE(folder.exists(QString("languages/spanish/") + made)) << made;
 
     // Imported whole, the counter goes on from where it stood.
     ASSERT_EQ(import_word_list(session, folder.file("in/words.csv"), nullptr), QString("words"));
     const QByteArray entries = "casa|house|01000\r\nperro|dog|70100\r\ngato|cat|70101\r\npez|fish|70102\r\n";
-    EXPECT_EQ(language("words.txt"), entries);
-    EXPECT_EQ(language("master_spanish.txt"), entries);
-    EXPECT_EQ(language("highest_num.dat"), " 70103\r\n");
+    EXPECT_EQ(language("words.txt") + language("master_spanish.txt") + language("highest_num.dat"),
+              entries + entries + " 70103\r\n");
     EXPECT_EQ(language("70/70100.mp3"), kMp3);
     EXPECT_FALSE(folder.exists("languages/spanish/70/70101.mp3"));
     // The WAV is encoded to MPEG audio frames: a frame sync first, and far fewer bytes than its samples.
@@ -146,9 +144,8 @@ TEST_F(ExchangeImport, CsvBecomesANewListWithNewNumbersAndItsMp3AudioUnlessCance
     ASSERT_EQ(import_word_list(session, folder.file("in/words.csv"), nullptr), QString("words_again"));
     EXPECT_EQ(prompts.shown[1].kind + prompts.shown[1].text,
               "inputThe language spanish already has a list named words. What should the new list be called?");
-    EXPECT_EQ(language("words_again.txt"), entries);
-    EXPECT_EQ(language("master_spanish.txt"), entries);
-    EXPECT_EQ(language("highest_num.dat"), " 70103\r\n");
+    EXPECT_EQ(language("words_again.txt") + language("master_spanish.txt") + language("highest_num.dat"),
+              entries + entries + " 70103\r\n");
 }
 
 TEST_F(ExchangeImport, AnkiPackagesAndPackagesThatCannotBeRead)
@@ -158,8 +155,7 @@ TEST_F(ExchangeImport, AnkiPackagesAndPackagesThatCannotBeRead)
         {{"<b>perro</b>[sound:perro.mp3]", "dog&nbsp;"}, {"gato", "cat [sound:none.mp3]", "extra"}, {"solo"}},
         {{"perro.mp3", kMp3}}));
     ASSERT_EQ(import_word_list(session, folder.file("in/deck.apkg"), nullptr), QString("deck"));
-    EXPECT_EQ(language("deck.txt"), "perro|dog|70000\r\ngato|cat|70001\r\n");
-    EXPECT_EQ(language("70/70000.mp3"), kMp3);
+    EXPECT_EQ(language("deck.txt") + language("70/70000.mp3"), "perro|dog|70000\r\ngato|cat|70001\r\n" + kMp3);
     EXPECT_TRUE(prompts.shown.last().text.contains("Lines skipped: 1.\nWords imported without their audio: 1."));
 
     ASSERT_TRUE(test::writeAnkiPackage(folder.file("in/bare.colpkg"), {{"uno", "one [sound:1.mp3]"}}, {},
@@ -223,49 +219,53 @@ TEST(ExchangeWindow, ImportedWordsPlayTheirAudioAndExportsReimportIdentically)
     EXPECT_EQ(p.sound.played, QStringList{p.played("spanish/70/70000.mp3")});
 }
 
-// The File menu's item, its real file dialog and its real summary box, answered inside the event loop.
-TEST(ExchangeRealBoxes, ImportMenuAsksForTheFileAndSumsUp)
+// The File menu's item and its real file dialog, and the real box of a list file gone from under the record
+// window, all answered inside the event loop.
+TEST(ExchangeRealBoxes, ImportMenuAsksForTheFileAndSumsUpAndAListGoneFromTheRecordWindowIsTold)
 {
-    struct NameThenRealBoxes : QtPrompts
-    {
-        QString input(const QString& prompt, const QString& title, const QString& defaultText) override
-        {
-            return named++ ? QtPrompts::input(prompt, title, defaultText) : QString("kestrin");
-        }
-        int named = 0;
-    } prompts;
+    test::BoxAnswerer answerer({"kestrin"}); // the student's name, then OK in every message box
+    QtPrompts prompts;
     Program program;
     program.folder.mkdir("languages/spanish");
-    program.folder.write("in/words.csv", "uno,one\r\n");
-    std::unique_ptr<QWidget> window(start(program.folder.path(), &prompts, &program.sound, &program.clock));
-    auto* main = static_cast<MainWindow*>(window.get());
-    QString summary;
-    int ticks = 0;
-    QEventLoop loop;
-    QTimer answer;
-    QObject::connect(&answer, &QTimer::timeout, [&] {
-        if (++ticks > 2000) {
-            ADD_FAILURE() << "the boxes did not come up";
-            if (QWidget* open = QApplication::activeModalWidget())
-                open->close();
-            loop.quit();
-        }
-        if (auto* files = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
+    program.folder.write("in/words.csv", "uno,one\r\ndos,two\r\n");
+    QPointer<MainWindow> main =
+        static_cast<MainWindow*>(start(program.folder.path(), &prompts, &program.sound, &program.clock));
+    QTimer files;
+    QObject::connect(&files, &QTimer::timeout, [&] {
+        if (auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
             // The name typed whole: the dialog may still be reading its first folder.
-            files->findChild<QLineEdit*>("fileNameEdit")->setText(program.folder.file("in/words.csv"));
-            static_cast<QDialog*>(files)->accept();
-        } else if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-            summary = box->text();
-            box->accept();
-            loop.quit();
+            dialog->findChild<QLineEdit*>("fileNameEdit")->setText(program.folder.file("in/words.csv"));
+            static_cast<QDialog*>(dialog)->accept();
         }
     });
-    answer.start(10);
-    QTimer::singleShot(0, main->import_list, &QAction::trigger);
-    loop.exec();
-    EXPECT_TRUE(summary.startsWith("Imported 1 entries into the list words, 0 of them with audio."))
-        << summary.toStdString();
-    EXPECT_EQ(program.folder.read("languages/spanish/words.txt"), "uno|one|70000\r\n");
+    files.start(10);
+    QTimer::singleShot(30000, [] {
+        ADD_FAILURE() << "the boxes were not answered";
+        QApplication::exit(1);
+    });
+    QByteArray imported;
+    QStringList shown;
+    QTimer::singleShot(0, [&] {
+        main->import_list->trigger();
+        imported = program.folder.read("languages/spanish/words.txt");
+        main->record_word_list->click();
+        auto* record = static_cast<RecordWindow*>(window("qvrecord"));
+        QFile::remove(program.folder.file("languages/spanish/words.txt"));
+        record->refresh_lists->click();
+        shown = {record->span_list_wo->count() == 2 ? "kept" : "lost", record->words_without_sound->text()};
+        record->close();
+        QApplication::exit(0);
+    });
+    QApplication::exec();
+    delete main.data();
+    EXPECT_EQ(imported, "uno|one|70000\r\ndos|two|70001\r\n");
+    ASSERT_EQ(answerer.seen.size(), 3) << answerer.seen.join('\n').toStdString();
+    EXPECT_TRUE(answerer.seen[1].contains("|Imported 2 entries into the list words, 0 of them with audio."))
+        << answerer.seen[1].toStdString();
+    EXPECT_TRUE(answerer.seen[2].contains("|The file ") &&
+                answerer.seen[2].contains("spanish/words.txt could not be read ("))
+        << answerer.seen[2].toStdString();
+    EXPECT_EQ(shown, QStringList({"kept", "2 Words Without Sound Files"}));
 }
 
 } // namespace

@@ -153,4 +153,15 @@ TEST(Mp3, CompiledFilesCarryTitlesAndTrackNumbersAndAPlaylistInOrder)
         playlist += "#EXTINF:-1," + QByteArray(title) + "\n" + name.toUtf8() + "\n";
     }
     EXPECT_EQ(p.folder.read("100words.m3u8"), playlist);
+
+    // A bad sound number ends the cards and the compilation, said before the compilation asks anything.
+    p.folder.write("languages/spanish/words.txt", "uno|one|x1436\r\ndos|two|x1436\r\n");
+    QFile::remove(p.folder.file("users/kestrin/spanish/words-u.txt"));
+    select_row(p.main()->lists_list, 0);
+    p.session().say_mode = "yes";
+    p.prompts.shown.clear();
+    p.main()->flash_cards_click();
+    Program::press("qvplay", "auto_mp3");
+    const QString told = "The sound number \"x1436\" names no recording: sound numbers run from 0 to 99999.";
+    EXPECT_EQ(p.prompts.texts(), QStringList({told, told}));
 }

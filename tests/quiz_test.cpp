@@ -19,21 +19,12 @@ using namespace quorvane::test;
 
 namespace {
 
-TestWindow* testWindow()
-{
-    return qobject_cast<TestWindow*>(window("test"));
-}
-TestResultsWindow* resultsWindow()
-{
-    return qobject_cast<TestResultsWindow*>(window("test_results"));
-}
-
 // Opens the test window from the main window and sets it up as a student would.
 TestWindow* openTest(Program& p, QRadioButton* TestWindow::*kind, const char* questions, const char* seconds,
                      int presentation = 0)
 {
     p.main()->test_me_click();
-    TestWindow* t = testWindow();
+    auto* t = qobject_cast<TestWindow*>(window("test"));
     EXPECT_NE(t, nullptr);
     (t->*kind)->click();
     select_row(t->List2, presentation);
@@ -131,7 +122,7 @@ TEST(QuizWindow, LoadsItsSetUpRefusesWhatCannotStartAndTheResultsWindowSavesAndP
               QStringList({"You must first select a list to start the test.",
                            "You must first select one of the word/phrase lists.",
                            "There are no test results yet: they are recorded from the first test taken."}));
-    EXPECT_TRUE(!testWindow() && !resultsWindow());
+    EXPECT_TRUE(!window("test") && !window("test_results"));
 
     select_row(main->lists_list, 0);
     main->print_list_click();
@@ -139,13 +130,13 @@ TEST(QuizWindow, LoadsItsSetUpRefusesWhatCannotStartAndTheResultsWindowSavesAndP
     const QString date = QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat);
     EXPECT_EQ(s.report_text, "User: kestrin List: " + s.shown_file + "  " + date + "\r\n\r\n" + QString(15, 'a') +
                                  "  \tx\r\n" + QString(16, 'b') + "\ty\r\n" + QString(17, ' ') + "\t");
-    TestResultsWindow* results = resultsWindow();
+    TestResultsWindow* results = qobject_cast<TestResultsWindow*>(window("test_results"));
     ASSERT_NE(results, nullptr);
     EXPECT_TRUE(main->isVisible());
     results->close();
 
     main->test_me_click();
-    TestWindow* t = testWindow();
+    auto* t = qobject_cast<TestWindow*>(window("test"));
     ASSERT_NE(t, nullptr);
     EXPECT_FALSE(main->isVisible());
     EXPECT_EQ(QStringList({t->language_name->text(), t->list_name->text(), t->user_name->text()}),
@@ -187,15 +178,15 @@ TEST(QuizWindow, LoadsItsSetUpRefusesWhatCannotStartAndTheResultsWindowSavesAndP
     t->begin_test->click();
     EXPECT_EQ(remaining, QStringList({"3 of -3"}));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(testWindow(), nullptr);
+    EXPECT_EQ(window("test"), nullptr);
     EXPECT_TRUE(main->isVisible());
     EXPECT_FALSE(p.folder.exists("test_results.txt"));
 
     // The whole language is offered only where its master file exists.
     p.folder.write("languages/spanish/master_spanish.txt", courseEntry(0));
     main->test_me_click();
-    EXPECT_EQ(items(testWindow()->list1).last(), "All words in selected language");
-    testWindow()->close();
+    EXPECT_EQ(items(qobject_cast<TestWindow*>(window("test"))->list1).last(), "All words in selected language");
+    window("test")->close();
 
     // A student's own record is read line by line, each line ended with CR LF.
     p.folder.write("users/kestrin_test.txt", "a\tb\nc");
@@ -204,7 +195,7 @@ TEST(QuizWindow, LoadsItsSetUpRefusesWhatCannotStartAndTheResultsWindowSavesAndP
     const QByteArray record = "kestrin\tspanish\twords\t2\t50%\t00:03 \tMultiple Choice\tText Only\t3/14/2007\r\n";
     p.folder.write("test_results.txt", record + record);
     main->show_test_results_click();
-    results = resultsWindow();
+    results = qobject_cast<TestResultsWindow*>(window("test_results"));
     ASSERT_NE(results, nullptr);
     EXPECT_EQ(results->TextBox1->toPlainText(), QString::fromLatin1(record + record).replace("\r\n", "\n"));
 
@@ -227,9 +218,9 @@ TEST(QuizWindow, LoadsItsSetUpRefusesWhatCannotStartAndTheResultsWindowSavesAndP
     p.prompts.push(QString());
     p.prompts.push(QString("saved.txt"));
     results->save_and_exit->click();
-    EXPECT_NE(resultsWindow(), nullptr);
+    EXPECT_NE(window("test_results"), nullptr);
     results->save_and_exit->click();
-    EXPECT_EQ(resultsWindow(), nullptr);
+    EXPECT_EQ(window("test_results"), nullptr);
     EXPECT_EQ(p.folder.read("saved.txt"), record + record + "\r\n");
 }
 

@@ -163,6 +163,14 @@ TEST(Pairing, TheIndexPairsEachKeyWithTheFirstTargetWordAndIsWrittenAnewOrNotAtA
     main->create_trans_index();
     EXPECT_EQ(p.prompts.texts().mid(4), QStringList(3, "Master file for one of the two languages was not found."));
     EXPECT_FALSE(p.folder.exists("languages/spanish/other.dat"));
+
+    // An index that cannot be read is named as its language is chosen.
+    QFile::remove(p.folder.file(index));
+    p.folder.mkdir(index);
+    Program::choose(main->lang_list, "english");
+    Program::choose(main->lang_list, "spanish");
+    EXPECT_TRUE(p.prompts.texts().last().contains("trans_index_spanish_english.dat could not be read ("))
+        << p.prompts.texts().last().toStdString();
 }
 
 TEST(NewLanguage, NewListsAndLanguagesAreMadeWholeOrNotAtAllAKnownTargetsListsCopiedAnUnknownOneRecordedOnBothSides)
