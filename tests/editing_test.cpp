@@ -12,7 +12,6 @@
 #include <cerrno>
 
 using namespace quorvane;
-using quorvane::test::boxes;
 using quorvane::test::patternBytes;
 using Step = file_faults::Step;
 
@@ -199,14 +198,14 @@ TEST_F(Packing, CancelChangesNothingAndOKPacksOneArchivePerRecordingFolderAndThe
         "Clicking 'OK' below will place the recordings in the folder called " +
         folder.path() + "/recordings.  "));
     EXPECT_TRUE(prompts.shown[0].text.endsWith("\n\nClick 'OK' to run this function or 'Cancel' to go back."));
-    EXPECT_EQ(boxes(prompts)[1], "message||The action has been cancelled.");
+    EXPECT_EQ(prompts.boxes()[1], "message||The action has been cancelled.");
     EXPECT_EQ(folder.snapshot(), before);
 
     prompts.shown.clear();
     ProgressLines progress;
     prompts.push(true);
     ASSERT_TRUE(pack_recordings(session, &progress));
-    const QStringList shown = boxes(prompts);
+    const QStringList shown = prompts.boxes();
     ASSERT_EQ(shown.size(), 6);
     EXPECT_TRUE(shown[0].startsWith("okCancel||Use this function"));
     const QString working = "message||Currently the program is working on spanish_str_7%1.zip.  Please wait about "

@@ -185,7 +185,7 @@ TEST(FlashCards, TheSettingBoxesOfBothWindowsKeepTheirBoundsAndValuesOnBadEntrie
         EXPECT_EQ(std::tuple(s.speed, s.silence_count), std::tuple(small, qint16(9)));
         const QStringList largeBoxes = {"input|Speed Bump|" + question.arg("  "), refusal.arg(".2")};
         const QStringList smallBoxes = {"input|Speed Bump|" + question.arg(" "), refusal.arg(".1")};
-        EXPECT_EQ(boxes(p.prompts), largeBoxes.mid(0, refused ? 2 : 1) + smallBoxes.mid(0, refused ? 2 : 1));
+        EXPECT_EQ(p.prompts.boxes(), largeBoxes.mid(0, refused ? 2 : 1) + smallBoxes.mid(0, refused ? 2 : 1));
     }
 
     p.prompts.shown.clear();

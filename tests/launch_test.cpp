@@ -126,8 +126,8 @@ TEST(ProgramFolder, TheFirstRunCopiesTheSampleCourseAndSaysWhereInARealBoxLaterR
     program.prompts.push(QString("ben"));
     Launcher again(program.prompts, &program.sound, &program.clock);
     ASSERT_EQ(program.run(again, {}), -1);
-    EXPECT_EQ(test::boxes(program.prompts), QStringList({"input|Student Name|What is your first name?  This is for "
-                                                         "the program to remember which words you have learned."}));
+    EXPECT_EQ(program.prompts.boxes(), QStringList({"input|Student Name|What is your first name?  This is for "
+                                                    "the program to remember which words you have learned."}));
     EXPECT_EQ(program.folder.read("home/.local/share/quorvane/languages/spanish/first.txt"), "mine\r\n");
 
     // In a build tree a file beside the program names the sample course's folder relative to it.

@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 
 using namespace quorvane;
-using quorvane::test::boxes;
 
 namespace {
 
@@ -61,8 +60,8 @@ TEST_F(ListEditor, SavingKeepsEveryByteNoListOpensATemporaryListAndStartNewListM
     // No list chosen: a blank temporary list, that exit without save leaves unmade.
     session.current_list.clear();
     EXPECT_EQ(open()->TextBox1->toPlainText(), "");
-    EXPECT_EQ(boxes(prompts), QStringList({"message||A list was not chosen. A blank form will be opened in case you "
-                                           "want to start a new list."}));
+    EXPECT_EQ(prompts.boxes(), QStringList({"message||A list was not chosen. A blank form will be opened in case you "
+                                            "want to start a new list."}));
     EXPECT_EQ(session.current_list, "temporary");
     press("exit_without_save");
     EXPECT_EQ(window("edit_list"), nullptr);
@@ -99,5 +98,5 @@ TEST_F(ListEditor, SavingKeepsEveryByteNoListOpensATemporaryListAndStartNewListM
     EXPECT_EQ(list("animals"), "perro|dog|01112\r\n");
     EXPECT_EQ(list("food"), "casa|house|01234\r\n");
     const QString ask = "input||What should be the name of the new word list?";
-    EXPECT_EQ(boxes(prompts), QStringList({ask, ask, ask, "message||That file already exits."}));
+    EXPECT_EQ(prompts.boxes(), QStringList({ask, ask, ask, "message||That file already exits."}));
 }

@@ -136,7 +136,7 @@ TEST(MediaKeys, CardsDrivenByKeysOrOverTheBusEndAsThoseDrivenByTheButtons)
         cards = openCards(keyed, small);
         EXPECT_EQ(drive(keyed, cards, [cards](const QString& action) { QTest::keyClick(cards, kKeys[action]); }),
                   played);
-        EXPECT_EQ(boxes(keyed.prompts), QStringList());
+        EXPECT_EQ(keyed.prompts.boxes(), QStringList());
         if (!small)
             byButtons = played;
     }

@@ -84,7 +84,7 @@ TEST_F(Playback, PausesFollowTheSpeedMissingFilesCountAndAStopCutsASound)
     sound.loadError = 0;
     sound.playError = kSoundNoFreeChannel;
     EXPECT_NEAR(timedSay("02000"), 1.0, 0.03);
-    EXPECT_EQ(quorvane::test::boxes(prompts),
+    EXPECT_EQ(prompts.boxes(),
               QStringList({"message||An error occured opening the sound file.\r\nError loading file",
                            "message||An error occured playing the sample!\r\nAn invalid parameter was passed to "
                            "this function",

@@ -357,8 +357,8 @@ TEST(QuizWindow, SpellingIsBySoundFoldsOnlyTheExpectedWordAndAMissingRecordingCa
     t = openTest(p, &TestWindow::fill_in_blank, "2", "1", 1);
     p.prompts.shown.clear();
     t->begin_test->click();
-    EXPECT_EQ(boxes(p.prompts), QStringList(2, "okCancel||Sound file for this word was not found.  Click OK to go to "
-                                               "next word or Cancel to stop test."));
+    EXPECT_EQ(p.prompts.boxes(), QStringList(2, "okCancel||Sound file for this word was not found.  Click OK to go to "
+                                                "next word or Cancel to stop test."));
     EXPECT_TRUE(p.folder.read("test_results.txt")
                     .endsWith("\tcolours\t0\t0%\t00:00 \tFill In Blank\tSound Only\t" +
                               us_date_time(t->state().start_time).toLatin1() + "\r\n"));

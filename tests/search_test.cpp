@@ -198,7 +198,7 @@ TEST(NewLanguage, NewListsAndLanguagesAreMadeWholeOrNotAtAllAKnownTargetsListsCo
               "spanish word or phrase|student's language translation|99999\r\n");
     EXPECT_EQ(items(main->lists_list), QStringList({"food", "my_words"}));
     EXPECT_EQ(entries("spanish"), QStringList({"food.txt", "my_words.txt"}));
-    const QStringList listBoxes = boxes(p.prompts).mid(2);
+    const QStringList listBoxes = p.prompts.boxes().mid(2);
     ASSERT_EQ(listBoxes.size(), 9) << listBoxes.join('\n').toStdString();
     EXPECT_EQ(listBoxes[0], "input|Add New Word List|This creates a new word/phrase list to be added to the currently "
                             "selected language (spanish).  If this is not what you want to do, click cancel.  After "
@@ -229,7 +229,7 @@ TEST(NewLanguage, NewListsAndLanguagesAreMadeWholeOrNotAtAllAKnownTargetsListsCo
     // Every language is listed again and the first one is chosen.
     EXPECT_EQ(items(main->lang_list), QStringList({"english", "spanish", "english", "spanish", "swahili"}));
     EXPECT_EQ(p.session().current_language, "english");
-    const QStringList shown = boxes(p.prompts);
+    const QStringList shown = p.prompts.boxes();
     EXPECT_TRUE(shown.value(0).startsWith("input|Add New Language|") &&
                 shown.value(0).endsWith("language you want to add.  If you want to begin work on a new language, "
                                         "what do you want to call it?  Use 8 or fewer english letters and numbers, "

@@ -202,7 +202,7 @@ TEST(SpokenWordsWindows, CompiledFilesAndCardsSpeakWhatIsNotRecordedTheTestAsksI
     t->num_secs->setText("1");
     t->begin_test->click();
     EXPECT_EQ(p.sound.played, QStringList({"speech:es:rojo"}));
-    EXPECT_EQ(boxes(p.prompts).filter("okCancel"), QStringList());
+    EXPECT_EQ(p.prompts.boxes().filter("okCancel"), QStringList());
     t->close();
 
     // Switched off, the choice outlives the window; back on for the next run.

@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 using namespace quorvane;
-using quorvane::test::boxes;
 using quorvane::test::items;
 using quorvane::test::Program;
 
@@ -31,7 +30,7 @@ TEST(Startup, SoundFailureIsExplainedThenTheNameIsAskedThenLanguagesAreListed)
     p.sound.initError = 3;
     MainWindow* main = p.start();
 
-    EXPECT_EQ(boxes(p.prompts),
+    EXPECT_EQ(p.prompts.boxes(),
               QStringList({"message||An error occured. Please turn off other programs that may be using sound and "
                            "start this program again. The specific error message is:\r\nError initializing output "
                            "device.",

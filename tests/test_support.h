@@ -148,15 +148,6 @@ inline QStringList items(const QListWidget* box)
     return texts;
 }
 
-// Every box shown so far as "kind|title|text".
-inline QStringList boxes(const ScriptedPrompts& prompts)
-{
-    QStringList texts;
-    for (const ShownBox& box : prompts.shown)
-        texts.append(box.kind + "|" + box.title + "|" + box.text);
-    return texts;
-}
-
 // Answers each real box as a user would, from inside the event loop: the next answer ("=" keeps
 // what the box offers) and OK. Notes each box as "parent window|text", its title, and what each
 // input box offered.
@@ -186,33 +177,6 @@ struct BoxAnswerer : QObject
         });
         timer.start(1);
     }
-};
-
-// A main view that records what the core asks of it.
-class RecordingMainView : public MainView
-{
-public:
-    void show_sound_caption(const QString& caption) override { captions.append(caption); }
-    void show_word_count(const QString&) override {}
-    void display_words() override { ++displayed; }
-    void refresh_known_list() override {}
-    void show_main_window() override {}
-    QStringList captions;
-    int displayed = 0;
-};
-
-// A FakeSound that runs onPlay with the path of every sound as it starts.
-class HookedSound : public FakeSound
-{
-public:
-    int playSound(int channel, int sample) override
-    {
-        const int handle = FakeSound::playSound(channel, sample);
-        if (handle != 0 && onPlay)
-            onPlay(played.last());
-        return handle;
-    }
-    std::function<void(const QString& path)> onPlay;
 };
 
 // A session over the test doubles with a main view that records, in a fresh program folder that
@@ -246,7 +210,7 @@ struct Program
 {
     ProgramFolder folder;
     ScriptedPrompts prompts{{QString("kestrin")}};
-    HookedSound sound;
+    FakeSound sound;
     SoundLibrary* library = &sound; // the sound library start() is given
     FakeClock clock;
     NoSpeech noSpeech;

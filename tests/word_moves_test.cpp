@@ -12,7 +12,6 @@
 #include <stdexcept>
 
 using namespace quorvane;
-using quorvane::test::boxes;
 using quorvane::test::CoreTest;
 using WordMoves = CoreTest;
 
@@ -36,7 +35,7 @@ TEST_F(WordMoves, TheRepeatCountKeepsOneToSixtyAndOtherwiseSetsThreeWithAMessage
         session.repeat_count = 17;
         ask_repeat_count(session);
         EXPECT_EQ(session.repeat_count, expected) << answer;
-        EXPECT_EQ(boxes(prompts), expected == 3 ? QStringList({ask, reset}) : QStringList({ask})) << answer;
+        EXPECT_EQ(prompts.boxes(), expected == 3 ? QStringList({ask, reset}) : QStringList({ask})) << answer;
     }
 }
 
@@ -86,7 +85,7 @@ TEST_F(WordMoves, AWordMoveToARowOutsideTheArraysOrAFailedWriteNeverLosesTheWord
     EXPECT_TRUE(error.contains("blocked-u.txt")) << error.toStdString();
     EXPECT_FALSE(folder.exists("users/kestrin/spanish/food-k.txt"));
     EXPECT_TRUE(QFileInfo(blocked).isDir());
-    EXPECT_EQ(boxes(prompts), QStringList());
+    EXPECT_EQ(prompts.boxes(), QStringList());
     EXPECT_EQ(view.displayed, 0);
     EXPECT_EQ(session.wordCount(), 3);
 }

@@ -31,6 +31,14 @@ QStringList ScriptedPrompts::texts() const
     return result;
 }
 
+QStringList ScriptedPrompts::boxes() const
+{
+    QStringList result;
+    for (const ShownBox& box : shown)
+        result.append(box.kind + "|" + box.title + "|" + box.text);
+    return result;
+}
+
 QVariant ScriptedPrompts::next(const ShownBox& box)
 {
     shown.append(box);
@@ -233,6 +241,8 @@ int FakeSound::playSound(int channel, int sample)
     const int handle = m_nextChannel++;
     m_channels.insert(handle, {now() + durations.value(path, 1.0)});
     error = 0;
+    if (onPlay)
+        onPlay(path);
     return handle;
 }
 

@@ -4,6 +4,7 @@
 // that plays nothing but records what it was asked to play.
 
 #include "core/clock.h"
+#include "core/main_view.h"
 #include "core/prompts.h"
 #include "core/sound_library.h"
 #include "core/speech.h"
@@ -56,6 +57,8 @@ public:
 
     // The texts of the boxes shown so far, in order.
     QStringList texts() const;
+    // Every box shown so far as "kind|title|text".
+    QStringList boxes() const;
 
 private:
     QVariant next(const ShownBox& box);
@@ -134,13 +137,14 @@ public:
 
     void useClock(Clock& clock) override { m_clock = &clock; }
 
-    QStringList played;               // the paths played, in order
-    QHash<QString, double> durations; // seconds per path; 1.0 when not listed
-    int initError = 0;                // init fails with this code when not 0
-    bool missing = false;             // available() fails: the library cannot start
-    int loadError = 0;                // sampleLoad fails with this code when not 0
-    int playError = 0;                // playSound fails with this code when not 0
-    QByteArray microphone;            // what recording captures; silence when empty
+    QStringList played;                              // the paths played, in order
+    std::function<void(const QString& path)> onPlay; // runs as each sound starts
+    QHash<QString, double> durations;                // seconds per path; 1.0 when not listed
+    int initError = 0;                               // init fails with this code when not 0
+    bool missing = false;                            // available() fails: the library cannot start
+    int loadError = 0;                               // sampleLoad fails with this code when not 0
+    int playError = 0;                               // playSound fails with this code when not 0
+    QByteArray microphone;                           // what recording captures; silence when empty
     bool initialised = false;
     QList<int> initArguments; // mixrate, maxchannels, flags of the last init
     int error = 0;
@@ -166,6 +170,19 @@ private:
     double m_recordStarted = 0.0;
     int m_recordStoppedAt = -1;
     Clock* m_clock = nullptr;
+};
+
+// A main view that records what the core asks of it.
+class RecordingMainView : public MainView
+{
+public:
+    void show_sound_caption(const QString& caption) override { captions.append(caption); }
+    void show_word_count(const QString&) override {}
+    void display_words() override { ++displayed; }
+    void refresh_known_list() override {}
+    void show_main_window() override {}
+    QStringList captions;
+    int displayed = 0;
 };
 
 // A synthesizer without eSpeak NG: the voices listed exist; a text comes out as half a second of
