@@ -11,7 +11,6 @@
 
 #include <QApplication>
 #include <QLabel>
-#include <QPointer>
 #include <QPushButton>
 #include <QResizeEvent>
 
